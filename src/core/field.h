@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+// One cell of a data table. It keeps the kind of value that was read and is
+// converted only where it is used, the way the data files are meant to be read.
+class Field {
+public:
+    enum class Kind { Empty, Number, Text, Flag };
+
+    Field() = default;
+    static Field Number(double value);
+    static Field Text(const QString& value);
+    static Field Flag(bool value);
+
+    Kind kind() const { return Kind_; }
+    bool IsEmpty() const { return Kind_ == Kind::Empty; }
+
+    // A ROM position: rounded to the nearest whole number and held to 32 bits.
+    // Text that does not read as a number counts as 0.
+    std::int32_t ToInt32() const;
+    // A count or a row, held to 16 bits in the same way.
+    std::int16_t ToInt16() const;
+    QString ToText() const;
+    // The test of a flag column: false for the flag false, the number 0 and an
+    // empty cell; true for everything else.
+    bool IsTrue() const;
+
+    bool operator==(const Field& other) const = default;
+
+private:
+    double AsNumber() const;
+
+    Kind Kind_ = Kind::Empty;
+    double Number_ = 0;
+    QString Text_;
+    bool Flag_ = false;
+};

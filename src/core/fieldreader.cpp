@@ -1,0 +1,109 @@
+#include "core/fieldreader.h"
+
+#include <QStringDecoder>
+
+namespace {
+bool IsBlank(QChar c) {
+    return c == u' ' || c == u'\t';
+}
+
+// "#TRUE#" and "#FALSE#" spell the truth values, as a data file writer would.
+bool ReadsAsFlag(const QString& s, bool& value) {
+    if (s.compare(u"#TRUE#", Qt::CaseInsensitive) == 0) {
+        value = true;
+        return true;
+    }
+    if (s.compare(u"#FALSE#", Qt::CaseInsensitive) == 0) {
+        value = false;
+        return true;
+    }
+    return false;
+}
+// Only plain decimal notation counts as a number, so that a name such as
+// "Nan" or "Inf" stays text.
+bool LooksNumeric(const QString& s) {
+    bool digit = false;
+    for (const QChar c : s) {
+        if (c.isDigit())
+            digit = true;
+        else if (c != u'+' && c != u'-' && c != u'.' && c != u'e' && c != u'E')
+            return false;
+    }
+    return digit;
+}
+}  // namespace
+
+FieldReader::FieldReader(const QByteArray& content) {
+    // Data files are plain text; one that is not valid UTF-8 is read as Latin-1,
+    // so that a name with an accent from an older editor still reads.
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    Text_ = utf8.decode(content);
+    if (utf8.hasError()) Text_ = QString::fromLatin1(content);
+}
+
+bool FieldReader::AtLineEnd() const {
+    return Pos_ < Text_.size() && (Text_[Pos_] == u'\n' || Text_[Pos_] == u'\r');
+}
+
+void FieldReader::SkipLineEnd() {
+    if (Pos_ < Text_.size() && Text_[Pos_] == u'\r') ++Pos_;
+    if (Pos_ < Text_.size() && Text_[Pos_] == u'\n') ++Pos_;
+    ++Line_;
+}
+
+void FieldReader::SkipLine() {
+    while (Pos_ < Text_.size() && !AtLineEnd())
+        ++Pos_;
+    if (Pos_ < Text_.size()) SkipLineEnd();
+}
+
+bool FieldReader::AtEnd() const {
+    for (qsizetype i = Pos_; i < Text_.size(); ++i) {
+        const QChar c = Text_[i];
+        if (!IsBlank(c) && c != u'\n' && c != u'\r') return false;
+    }
+    return true;
+}
+
+bool FieldReader::ReadField(Field& out) {
+    while (Pos_ < Text_.size() && IsBlank(Text_[Pos_]))
+        ++Pos_;
+    if (Pos_ >= Text_.size()) return false;
+
+    if (Text_[Pos_] == u'"') {
+        const qsizetype start = ++Pos_;
+        while (Pos_ < Text_.size() && Text_[Pos_] != u'"') {
+            if (Text_[Pos_] == u'\n') ++Line_;
+            ++Pos_;
+        }
+        out = Field::Text(Text_.mid(start, Pos_ - start));
+        if (Pos_ < Text_.size()) ++Pos_;  // the closing quote
+        // Anything between the closing quote and the separator is not part of the field.
+        while (Pos_ < Text_.size() && Text_[Pos_] != u',' && !AtLineEnd())
+            ++Pos_;
+    } else {
+        const qsizetype start = Pos_;
+        while (Pos_ < Text_.size() && Text_[Pos_] != u',' && !AtLineEnd())
+            ++Pos_;
+        const QString raw = Text_.mid(start, Pos_ - start).trimmed();
+        bool flag = false;
+        bool isNumber = LooksNumeric(raw);
+        const double number = isNumber ? raw.toDouble(&isNumber) : 0;
+        if (raw.isEmpty())
+            out = Field();
+        else if (isNumber)
+            out = Field::Number(number);
+        else if (ReadsAsFlag(raw, flag))
+            out = Field::Flag(flag);
+        else
+            out = Field::Text(raw);
+    }
+
+    if (Pos_ < Text_.size()) {
+        if (Text_[Pos_] == u',')
+            ++Pos_;
+        else
+            SkipLineEnd();
+    }
+    return true;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include "core/field.h"
+
+// Reads the text of a data file as a stream of fields. Fields are separated by
+// a comma or a line end; records are counted in fields, not lines, so a record
+// may run over several lines.
+class FieldReader {
+public:
+    explicit FieldReader(const QByteArray& content);
+
+    // Skips the rest of the current line, whatever it holds.
+    void SkipLine();
+    // Reads the next field. Returns false when the text ended before a field
+    // could begin.
+    bool ReadField(Field& out);
+    // True once nothing but blanks and line ends is left. Editors commonly
+    // leave an empty line at the end of a file, so that counts as the end too.
+    bool AtEnd() const;
+    // The line the reader stands on, counted from 1, for messages.
+    int Line() const { return Line_; }
+
+private:
+    bool AtLineEnd() const;
+    void SkipLineEnd();
+
+    QString Text_;
+    qsizetype Pos_ = 0;
+    int Line_ = 1;
+};

@@ -1,0 +1,20 @@
+#include "rom/romsave.h"
+
+#include "rom/rombackup.h"
+#include "ui/dialogs.h"
+
+bool SaveToRom(const QString& romPath, const QString& programFolder, Backup backup,
+               const std::function<void(RomFile&)>& write) {
+    if (backup == Backup::Offer && !MakeRomBackup(romPath, programFolder)) return false;
+    RomFile rom;
+    if (!rom.Open(romPath)) {
+        Dialogs().Warn(rom.Error() + QStringLiteral("\n\nNothing was saved."));
+        return false;
+    }
+    write(rom);
+    if (!rom.Close()) {
+        Dialogs().Warn(rom.Error() + QStringLiteral("\n\nThe changes were not saved."));
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "rom/romfile.h"
+
+// How a saver reaches the ROM.
+enum class Backup { Offer, Skip };
+
+// The save transaction that every saver shares: offer the backup (unless
+// skipped), open the ROM, let `write` record the saver's bytes, close it. A
+// failure is told to the user and false is returned; the caller then shows no
+// confirmation and keeps its changed flag. Nothing is written when a position
+// lies outside the ROM.
+bool SaveToRom(const QString& romPath, const QString& programFolder, Backup backup,
+               const std::function<void(RomFile&)>& write);
