@@ -1,6 +1,19 @@
 #include <QApplication>
 
+#include "core/defines.h"
+#include "core/startup/program.h"
+#include "ui/qtdialogs.h"
+
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    return 0;
+    // Windows are shown and hidden in turn; the program ends only by its own
+    // Exit, never because no window happens to be up.
+    QApplication::setQuitOnLastWindowClosed(false);
+    QtDialogs dialogs;
+    SetDialogs(&dialogs);
+    Defines.ProgramFolder = QCoreApplication::applicationDirPath();
+    Program::SetOnEnd([] { QCoreApplication::exit(0); });
+    Program::Main();
+    if (Program::Ended()) return 0;
+    return QApplication::exec();
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QLabel>
+
+#include "mapedit/childform.h"
+
+// The building block editor window. It opens from the main window's Mode menu.
+class BlockEdit : public ChildForm {
+    Q_OBJECT
+public:
+    BlockEdit();
+
+    QLabel* Placeholder;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QLabel>
+
+#include "mapedit/childform.h"
+
+// The event editor window. It opens from the main window's Mode menu.
+class EventEdit : public ChildForm {
+    Q_OBJECT
+public:
+    EventEdit();
+
+    QLabel* Placeholder;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+
+#include "mapedit/childform.h"
+
+// Who made the program, with a picture of its own.
+class About : public ChildForm {
+    Q_OBJECT
+public:
+    About();
+
+    QLabel* Picture;
+    QLabel* Label1;
+    QLabel* Credits;
+    QPushButton* Command1;
+
+    void Command1_Click() { CloseForm(); }
+};

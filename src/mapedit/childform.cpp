@@ -1,0 +1,14 @@
+#include "mapedit/childform.h"
+
+#include "core/startup/program.h"
+#include "mapedit/mainform.h"
+
+void ChildForm::CloseForm() {
+    Unload();
+}
+
+void ChildForm::Form_Unload(bool& Cancel) {
+    Cancel = false;
+    hide();
+    if (MainForm* main = Program::MainWindow()) main->ShowForm();
+}

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <array>
+
+#include "mapedit/undolist.h"
+#include "mapview/maploader.h"
+#include "mapview/mapview.h"
+#include "ui/cellarray.h"
+#include "ui/form.h"
+#include "ui/shapes.h"
+
+class About;
+class BlockEdit;
+class WarpEdit;
+class WildEdit;
+class EventEdit;
+
+// The main window: the map view, the block palette, the border block, the
+// map lists and the menus from which the editors open.
+class MainForm : public Form {
+    Q_OBJECT
+public:
+    MainForm();
+    ~MainForm() override;
+
+    // True when the data files could not be read at load; the program then ends.
+    bool LoadFailed() const { return LoadFailed_; }
+    // True once a map has been read into the working state.
+    bool MapLoaded() const { return MapLoaded_; }
+
+    // Map view.
+    MapView* View;
+
+    // Block palette and border block.
+    CellArray* SideBlock;
+    Outline* Shape3;
+    std::array<Line*, 5> PaletteLines{};  // Line13 to Line17
+    QScrollBar* Scroll;
+    Outline* SelBorder;
+    QLabel* BlockHex;
+    CellArray* BorderBlock;
+    Outline* Shape1;
+    QLabel* Label1;
+    QGroupBox* Frame1;
+    QLabel* Label2;
+
+    // Map selection.
+    QGroupBox* Frame2;
+    QListWidget* CatList;
+    QListWidget* MapList;
+    QLabel* MapComment;
+    QPushButton* Command2;
+    QLabel* CurMapName;
+
+    // Menus.
+    QMenu* mnuFile;
+    QAction* mnuOpen;
+    QAction* mnuSave;
+    QAction* mnuSaveAs;
+    QAction* mnuExit;
+    QMenu* mnuEdit;
+    QAction* mnuUndo;
+    QMenu* mnuMode;
+    QAction* mnuBlockEdit;
+    QAction* mnuWildEdit;
+    QAction* mnuWarpEdit;
+    QAction* mnuEventEdit;
+    QMenu* mnuOptions;
+    QAction* mnuGridlines;
+    QMenu* mnuHelp;
+    QAction* mnuAbout;
+
+    // State that belongs to this window.
+    std::int16_t CurBlock = 0;
+    std::int16_t BorderNum = 0;
+    bool MapChanged = false;
+    bool SkipExitPrompt = false;
+    UndoList Undo;
+
+    // Handlers.
+    void CatList_MouseDown();
+    void MapList_MouseDown();
+    void Command2_Click();
+    void Scroll_Change(int value);
+    void SideBlock_MouseDown(int index, int button);
+    void MapTile_MouseDown(int index, int button);
+    void BorderBlock_MouseDown(int index, int button);
+    void mnuUndo_Click();
+    void mnuGridlines_Click();
+    void mnuSave_Click();
+    void mnuSaveAs_Click();
+    void mnuOpen_Click();
+    void mnuExit_Click();
+    void mnuBlockEdit_Click();
+    void mnuWildEdit_Click();
+    void mnuWarpEdit_Click();
+    void mnuEventEdit_Click();
+    void mnuAbout_Click();
+
+    void DrawSideBlocks();
+    void DrawMapTiles() { View->DrawMapTiles(); }
+    // Reads CurMap and sets the view and palette up for it. False, after a
+    // message, when the map could not be read; the map shown before stays.
+    bool LoadMap();
+
+protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Unload(bool& Cancel) override;
+
+private:
+    void BuildMenus();
+    void BuildPalette();
+    void BuildMapSelection();
+    void FillMapList();
+    void BringOnPalette(int block);
+    void ShowBorderControls(bool show);
+    bool AskToExit();
+    void ShowChild(Form* child);
+    void WriteMapTo(const QString& romPath, bool offerBackup);
+
+    // The child windows, made when first opened and kept while this window lives.
+    About* AboutForm_ = nullptr;
+    BlockEdit* BlockEditForm_ = nullptr;
+    WarpEdit* WarpEditForm_ = nullptr;
+    WildEdit* WildEditForm_ = nullptr;
+    EventEdit* EventEditForm_ = nullptr;
+
+    LoadedMap Loaded_;
+    bool MapLoaded_ = false;
+    bool LoadFailed_ = false;
+};

@@ -1,0 +1,160 @@
+// The editing half of the main window: the palette, painting and picking up,
+// the border block, undo, and saving the map.
+#include <QFile>
+#include <QFileInfo>
+
+#include "core/defines.h"
+#include "core/hextext.h"
+#include "mapedit/mainform.h"
+#include "mapedit/mapsave.h"
+#include "mapview/compose.h"
+#include "rom/romsave.h"
+#include "ui/dialogs.h"
+
+namespace {
+constexpr int PaletteTop = 120;
+constexpr int BlockTwips = 960;
+constexpr int LeftButton = 1;
+constexpr int RightButton = 2;
+}  // namespace
+
+void MainForm::DrawSideBlocks() {
+    const int v = Scroll->value();
+    int slot = (SelBorder->TopTwips() - PaletteTop) / BlockTwips;
+    // A tileset of fewer than six blocks leaves palette slots empty; the
+    // selection stays on a block the tileset has.
+    if (v + slot > Defines.BlockCount) {
+        slot = std::max(0, Defines.BlockCount - v);
+        SelBorder->SetTop(PaletteTop + BlockTwips * slot);
+    }
+    CurBlock = static_cast<std::int16_t>(v + slot);
+    for (int k = 0; k < Limits::PaletteSlots; ++k) {
+        const int first = Limits::TilesPerBlock * k;
+        const bool inTileset = v + k <= Defines.BlockCount;
+        if (inTileset) ComposeBlock(*SideBlock, first, v + k);
+        for (int t = 0; t < Limits::TilesPerBlock; ++t)
+            SideBlock->SetCellVisible(first + t, inTileset);
+    }
+    ComposeBlock(*BorderBlock, 0, BorderNum);
+    BlockHex->setText(QStringLiteral("Hex: ") +
+                      HexText(CurBlock + CurTilesetRow()[TilesetBlockBias].ToInt16()));
+}
+
+void MainForm::Scroll_Change(int) {
+    DrawSideBlocks();
+}
+
+void MainForm::SideBlock_MouseDown(int index, int) {
+    const int slot = index / Limits::TilesPerBlock;
+    SelBorder->SetTop(PaletteTop + BlockTwips * slot);
+    CurBlock = static_cast<std::int16_t>(Scroll->value() + slot);
+    DrawSideBlocks();
+}
+
+void MainForm::BringOnPalette(int block) {
+    // A square may hold a number the tileset has no block for; there is
+    // nothing on the palette to select then.
+    if (block < 0 || block > Defines.BlockCount) {
+        Dialogs().Beep();
+        return;
+    }
+    int scroll = block;
+    if (block >= Defines.BlockCount - 6) scroll = block - (Limits::PaletteSlots - 1);
+    // A small tileset cannot scroll as far as the rule asks; the frame then
+    // goes to the slot where the block stands.
+    scroll = std::clamp(scroll, Scroll->minimum(), Scroll->maximum());
+    SelBorder->SetTop(PaletteTop + BlockTwips * (block - scroll));
+    Scroll->setValue(scroll);
+    DrawSideBlocks();
+}
+
+void MainForm::MapTile_MouseDown(int index, int button) {
+    int x = 0;
+    int y = 0;
+    if (!View->SquareOfCell(index, x, y)) return;
+    if (button == LeftButton) {
+        mnuUndo->setEnabled(true);
+        Undo.Push(
+            {static_cast<std::int16_t>(y), static_cast<std::int16_t>(x), Defines.MapGrid[y][x]});
+        Defines.MapGrid[y][x] = CurBlock;
+        DrawMapTiles();
+        MapChanged = true;
+    } else if (button == RightButton) {
+        BringOnPalette(Defines.MapGrid[y][x]);
+    }
+}
+
+void MainForm::BorderBlock_MouseDown(int, int button) {
+    if (button == LeftButton) {
+        BorderNum = CurBlock;
+        Loaded_.BorderNum = BorderNum;
+        DrawSideBlocks();
+        MapChanged = true;
+    } else if (button == RightButton) {
+        BringOnPalette(BorderNum);
+    }
+}
+
+void MainForm::mnuUndo_Click() {
+    if (Undo.UndoCount() == 0) return;
+    const UndoList::Record record = Undo.Pop();
+    Defines.MapGrid[record.Row][record.Column] = record.Block;
+    if (Undo.UndoCount() == 0) mnuUndo->setEnabled(false);
+    DrawMapTiles();
+}
+
+void MainForm::WriteMapTo(const QString& romPath, bool offerBackup) {
+    Loaded_.BorderNum = BorderNum;
+    const bool saved =
+        SaveToRom(romPath, Defines.ProgramFolder, offerBackup ? Backup::Offer : Backup::Skip,
+                  [this](RomFile& rom) { WriteMap(rom, Loaded_); });
+    if (!saved) return;
+    DrawSideBlocks();
+    Dialogs().Inform(QStringLiteral("Your changes to the map have been saved!"));
+    MapChanged = false;
+}
+
+void MainForm::mnuSave_Click() {
+    if (!MapLoaded_) {
+        Dialogs().Beep();
+        return;
+    }
+    WriteMapTo(Defines.RomPath, true);
+}
+
+void MainForm::mnuSaveAs_Click() {
+    if (!MapLoaded_) {
+        Dialogs().Beep();
+        return;
+    }
+    const QString path =
+        Dialogs().SaveFile(QStringLiteral("Tarnwey - Save ROM File As"), Defines.ProgramFolder);
+    if (path.isEmpty()) return;
+    const bool sameFile =
+        QFileInfo(path).canonicalFilePath() == QFileInfo(Defines.RomPath).canonicalFilePath();
+    QFile existing(path);
+    if (existing.open(QIODevice::ReadOnly)) {
+        existing.close();
+        if (!Dialogs().Ask(QStringLiteral("This file already exists. Overwrite it?"))) return;
+        // Saving over the open file itself writes the map into it in place:
+        // deleting it first would lose the only copy.
+        if (sameFile) {
+            WriteMapTo(Defines.RomPath, false);
+            return;
+        }
+        if (!QFile::remove(path)) {
+            Dialogs().Warn(
+                QStringLiteral("The file %1 could not be replaced.\n\nNothing was saved.")
+                    .arg(path));
+            return;
+        }
+    }
+    if (!QFile::copy(Defines.RomPath, path)) {
+        Dialogs().Warn(
+            QStringLiteral("The ROM could not be copied to %1.\n\nNothing was saved.").arg(path));
+        return;
+    }
+    // From here on every save and editor works on the new file.
+    Defines.RomPath = path;
+    WriteMapTo(path, false);
+}

@@ -1,0 +1,134 @@
+#include "mapview/mapview.h"
+
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "core/defines.h"
+#include "mapview/compose.h"
+#include "ui/twips.h"
+
+namespace {
+constexpr int ViewLeft = 120;
+constexpr int ViewTop = 120;
+constexpr int BlockTwips = 960;
+constexpr int MapCellTwips = 255;
+constexpr int VerticalLines = 7;    // Line1 to Line7
+constexpr int HorizontalLines = 5;  // Line8 to Line12
+}  // namespace
+
+MapView::MapView(QWidget* form) : QObject(form) {
+    MapTile = new CellArray(form, Limits::ViewSlotsAcross, Limits::ViewSlotsDown, MapCellTwips);
+    MapTile->PlaceAt(ViewLeft, ViewTop);
+    MapTile->SetAllVisible(false);
+    connect(MapTile, &CellArray::MouseDown, this, &MapView::MouseDown);
+
+    HScroll = new QScrollBar(Qt::Horizontal, form);
+    Place(HScroll, 120, 5890, 7695, 255);
+    HScroll->setRange(1, 1);
+    HScroll->setPageStep(7);
+    HScroll->setSingleStep(1);
+    VScroll = new QScrollBar(Qt::Vertical, form);
+    Place(VScroll, 7810, 120, 255, 5775);
+    VScroll->setRange(1, 1);
+    VScroll->setPageStep(6);
+    VScroll->setSingleStep(1);
+    connect(HScroll, &QScrollBar::valueChanged, this, &MapView::HScroll_Change);
+    connect(VScroll, &QScrollBar::valueChanged, this, &MapView::VScroll_Change);
+
+    // The frame and the lines are made after the cells, so they lie above them.
+    Shape2 = new Outline(form);
+    Shape2->SetRect(ViewLeft, ViewTop, 7695, 5775);
+    for (int k = 1; k <= VerticalLines + HorizontalLines; ++k) {
+        Lines[k] = new Line(form);
+        Lines[k]->hide();
+    }
+    for (int k = 1; k <= VerticalLines; ++k) {
+        const int x = ViewLeft + BlockTwips * k;
+        Lines[k]->SetEnds(x, ViewTop, x, ViewTop + Shape2->HeightTwips());
+    }
+    for (int k = 1; k <= HorizontalLines; ++k) {
+        const int y = ViewTop + BlockTwips * k;
+        Lines[VerticalLines + k]->SetEnds(ViewLeft, y, ViewLeft + Shape2->WidthTwips(), y);
+    }
+}
+
+void MapView::HScroll_Change(int value) {
+    ViewCol = static_cast<std::int16_t>(value);
+    DrawMapTiles();
+}
+
+void MapView::VScroll_Change(int value) {
+    ViewRow = static_cast<std::int16_t>(value);
+    DrawMapTiles();
+}
+
+void MapView::SetUpForMap() {
+    const int width = Defines.MapWidth;
+    const int height = Defines.MapHeight;
+    HScroll->setVisible(width > Limits::ViewSlotsAcross);
+    VScroll->setVisible(height > Limits::ViewSlotsDown);
+    {
+        // The position is reset here and drawn once below, not on every change.
+        const QSignalBlocker blockH(HScroll);
+        const QSignalBlocker blockV(VScroll);
+        // A map that fits would give a maximum below the minimum; its bar is
+        // hidden and stays at 1.
+        HScroll->setMaximum(std::max(1, width - (Limits::ViewSlotsAcross - 1)));
+        VScroll->setMaximum(std::max(1, height - (Limits::ViewSlotsDown - 1)));
+        HScroll->setValue(1);
+        VScroll->setValue(1);
+    }
+    ViewCol = 1;
+    ViewRow = 1;
+    MapTile->SetAllVisible(false);
+    FitFrameAndLines();
+    DrawMapTiles();
+}
+
+void MapView::FitFrameAndLines() {
+    const int shownWidth = std::clamp<int>(Defines.MapWidth, 0, Limits::ViewSlotsAcross);
+    const int shownHeight = std::clamp<int>(Defines.MapHeight, 0, Limits::ViewSlotsDown);
+    Shape2->SetSize(BlockTwips * shownWidth + 15, BlockTwips * shownHeight + 15);
+    if (!Gridlines_) return;
+    for (int k = 1; k <= VerticalLines; ++k) {
+        Line* line = Lines[k];
+        line->SetEnds(line->X1(), line->Y1(), line->X2(), line->Y1() + Shape2->HeightTwips());
+        line->setVisible(k < Defines.MapWidth);
+    }
+    for (int k = 1; k <= HorizontalLines; ++k) {
+        Line* line = Lines[VerticalLines + k];
+        line->SetEnds(line->X1(), line->Y1(), line->X1() + Shape2->WidthTwips(), line->Y2());
+        line->setVisible(k < Defines.MapHeight);
+    }
+}
+
+void MapView::SetGridlines(bool on) {
+    Gridlines_ = on;
+    if (on) {
+        FitFrameAndLines();
+    } else {
+        for (int k = 1; k <= VerticalLines + HorizontalLines; ++k)
+            Lines[k]->hide();
+    }
+}
+
+bool MapView::SquareOfCell(int index, int& x, int& y) const {
+    const int slot = index / Limits::TilesPerBlock;
+    x = ViewCol + slot % Limits::ViewSlotsAcross;
+    y = ViewRow + slot / Limits::ViewSlotsAcross;
+    return x >= 1 && y >= 1 && x <= Defines.MapWidth && y <= Defines.MapHeight;
+}
+
+void MapView::DrawMapTiles() {
+    const int slotCount = Limits::ViewSlotsAcross * Limits::ViewSlotsDown;
+    for (int s = 0; s < slotCount; ++s) {
+        const int x = ViewCol + s % Limits::ViewSlotsAcross;
+        const int y = ViewRow + s / Limits::ViewSlotsAcross;
+        // Slots beyond the map keep what they hold; SetUpForMap hid them.
+        if (y > Defines.MapHeight || x > Defines.MapWidth || x < 1 || y < 1) continue;
+        const int first = s * Limits::TilesPerBlock;
+        ComposeBlock(*MapTile, first, Defines.MapGrid[y][x]);
+        for (int t = 0; t < Limits::TilesPerBlock; ++t)
+            MapTile->SetCellVisible(first + t, true);
+    }
+}

@@ -1,0 +1,120 @@
+#include "ui/cellarray.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "core/limits.h"
+#include "ui/twips.h"
+
+namespace {
+constexpr int PitchTwips = 240;
+constexpr int Pitch = PitchTwips / TwipsPerPixel;  // 16 pixels
+constexpr int CellsAcrossSlot = 4;
+}  // namespace
+
+CellArray::CellArray(QWidget* parent, int slotsAcross, int slotsDown, int cellTwips)
+    : QWidget(parent),
+      SlotsAcross_(slotsAcross),
+      SlotsDown_(slotsDown),
+      CellPixels_(Px(cellTwips)),
+      Cells_(static_cast<size_t>(slotsAcross * slotsDown * Limits::TilesPerBlock)) {
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
+    const int columns = SlotsAcross_ * CellsAcrossSlot;
+    const int rows = SlotsDown_ * CellsAcrossSlot;
+    setFixedSize((columns - 1) * Pitch + CellPixels_, (rows - 1) * Pitch + CellPixels_);
+}
+
+void CellArray::PlaceAt(int leftTwips, int topTwips) {
+    move(Px(leftTwips), Px(topTwips));
+}
+
+void CellArray::SetPicture(int index, const QPixmap* picture) {
+    if (Cells_[index].Picture == picture) return;
+    Cells_[index].Picture = picture;
+    update();
+}
+
+void CellArray::SetCellVisible(int index, bool visible) {
+    if (Cells_[index].Visible == visible) return;
+    Cells_[index].Visible = visible;
+    update();
+}
+
+void CellArray::SetAllVisible(bool visible) {
+    for (auto& cell : Cells_)
+        cell.Visible = visible;
+    update();
+}
+
+QPoint CellArray::CellOffsetTwips(int index) const {
+    const int slot = index / Limits::TilesPerBlock;
+    const int place = index % Limits::TilesPerBlock;
+    const int column = CellsAcrossSlot * (slot % SlotsAcross_) + place % CellsAcrossSlot;
+    const int row = CellsAcrossSlot * (slot / SlotsAcross_) + place / CellsAcrossSlot;
+    return QPoint(column * PitchTwips, row * PitchTwips);
+}
+
+QRect CellArray::CellRect(int index) const {
+    const QPoint offset = CellOffsetTwips(index);
+    return QRect(offset.x() / TwipsPerPixel, offset.y() / TwipsPerPixel, CellPixels_, CellPixels_);
+}
+
+QPoint CellArray::CellCentre(int index) const {
+    return CellRect(index).topLeft() + QPoint(8, 8);
+}
+
+int CellArray::IndexAt(int column, int row) const {
+    const int slot = (row / CellsAcrossSlot) * SlotsAcross_ + column / CellsAcrossSlot;
+    return slot * Limits::TilesPerBlock + (row % CellsAcrossSlot) * CellsAcrossSlot +
+           column % CellsAcrossSlot;
+}
+
+int CellArray::CellAt(QPoint point) const {
+    const int columns = SlotsAcross_ * CellsAcrossSlot;
+    const int rows = SlotsDown_ * CellsAcrossSlot;
+    if (point.x() < 0 || point.y() < 0) return -1;
+    // Where cells overlap, the later cell lies on top; it is the one whose
+    // own square holds the point, except past the last column or row.
+    const int column = std::min(point.x() / Pitch, columns - 1);
+    const int row = std::min(point.y() / Pitch, rows - 1);
+    const int index = IndexAt(column, row);
+    if (!CellRect(index).contains(point) || !Cells_[index].Visible) return -1;
+    return index;
+}
+
+void CellArray::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    // Tile pictures are pixel art: drawn unscaled, never smoothed.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    const QRect dirty = event->rect();
+    for (int i = 0; i < Count(); ++i) {
+        const Cell& cell = Cells_[i];
+        if (!cell.Visible || !cell.Picture) continue;
+        const QRect rect = CellRect(i);
+        if (!rect.intersects(dirty)) continue;
+        painter.drawPixmap(rect.topLeft(), *cell.Picture);
+    }
+}
+
+void CellArray::mousePressEvent(QMouseEvent* event) {
+    const int index = CellAt(event->position().toPoint());
+    if (index < 0) {
+        event->ignore();
+        return;
+    }
+    int button = 0;
+    switch (event->button()) {
+        case Qt::LeftButton:
+            button = 1;
+            break;
+        case Qt::RightButton:
+            button = 2;
+            break;
+        case Qt::MiddleButton:
+            button = 4;
+            break;
+        default:
+            break;
+    }
+    emit MouseDown(index, button);
+}

@@ -1,0 +1,80 @@
+#include "ui/form.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "ui/twips.h"
+
+Form::Form(QWidget* parent) : QWidget(parent, Qt::Window), Client_(new QWidget(this)) {
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+}
+
+void Form::Load() {
+    if (Loaded_) return;
+    Loaded_ = true;
+    Form_Load();
+}
+
+void Form::SetClientSize(int widthTwips, int heightTwips) {
+    Client_->resize(Px(widthTwips), Px(heightTwips));
+    FitToClient();
+}
+
+QMenuBar* Form::CreateMenuBar() {
+    MenuBar_ = new QMenuBar(this);
+    FitToClient();
+    return MenuBar_;
+}
+
+void Form::FitToClient() {
+    const int menuHeight = MenuBar_ ? MenuBar_->sizeHint().height() : 0;
+    if (MenuBar_) MenuBar_->setGeometry(0, 0, Client_->width(), menuHeight);
+    Client_->move(0, menuHeight);
+    setFixedSize(Client_->width(), Client_->height() + menuHeight);
+}
+
+void Form::RemoveCloseBox() {
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+}
+
+void Form::Centre() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen) return;
+    QRect frame = frameGeometry();
+    frame.moveCenter(screen->availableGeometry().center());
+    move(frame.topLeft());
+}
+
+void Form::ShowForm() {
+    Load();
+    if (!Centred_) {
+        Centre();
+        Centred_ = true;
+    }
+    show();
+    raise();
+    activateWindow();
+    Form_Activate();
+}
+
+void Form::HideForm() {
+    hide();
+}
+
+bool Form::Unload() {
+    bool cancel = false;
+    Form_Unload(cancel);
+    if (cancel) return false;
+    hide();
+    return true;
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    bool cancel = false;
+    Form_Unload(cancel);
+    if (cancel)
+        event->ignore();
+    else
+        event->accept();
+}

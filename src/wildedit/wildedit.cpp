@@ -1,0 +1,11 @@
+#include "wildedit/wildedit.h"
+
+#include "ui/twips.h"
+
+WildEdit::WildEdit() {
+    SetCaption(QStringLiteral("Wild Morlick Editor"));
+    SetClientSize(6375, 3135);
+    Placeholder = new QLabel(QStringLiteral("This editor is still being built."), Client());
+    Placeholder->setGeometry(Client()->rect());
+    Placeholder->setAlignment(Qt::AlignCenter);
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QLabel>
+
+#include "mapedit/childform.h"
+
+// The wild encounter editor window. It opens from the main window's Mode menu.
+class WildEdit : public ChildForm {
+    Q_OBJECT
+public:
+    WildEdit();
+
+    QLabel* Placeholder;
+};
