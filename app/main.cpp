@@ -2,6 +2,7 @@
 
 #include "core/defines.h"
 #include "core/startup/program.h"
+#include "ui/programfont.h"
 #include "ui/qtdialogs.h"
 
 int main(int argc, char** argv) {
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
     // Windows are shown and hidden in turn; the program ends only by its own
     // Exit, never because no window happens to be up.
     QApplication::setQuitOnLastWindowClosed(false);
+    ApplyProgramFont();
     QtDialogs dialogs;
     SetDialogs(&dialogs);
     Defines.ProgramFolder = QCoreApplication::applicationDirPath();

@@ -24,6 +24,7 @@ MainForm::MainForm() {
     SetCaption(QStringLiteral("Tarnwey"));
     SetClientSize(9495, 7815);
     BuildMenus();
+    FitToClient();
     View = new MapView(Client());
     connect(View, &MapView::MouseDown, this, &MainForm::MapTile_MouseDown);
     BuildPalette();
@@ -129,7 +130,7 @@ void MainForm::BuildPalette() {
     Label2 = new QLabel(QStringLiteral("Eventually I plan to add in tools here that let you "
                                        "copy/paste and draw more easily."),
                         Frame1);
-    Place(Label2, 120, 240, 1335, 1095);
+    Place(Label2, 120, 240, 1395, 1155);
     Label2->setWordWrap(true);
     Label2->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }

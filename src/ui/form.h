@@ -39,9 +39,10 @@ protected:
 
     void closeEvent(QCloseEvent* event) override;
 
-private:
+    // Sizes the window to its client area and menu bar, once the menus are in.
     void FitToClient();
 
+private:
     QWidget* Client_;
     QMenuBar* MenuBar_ = nullptr;
     bool Loaded_ = false;

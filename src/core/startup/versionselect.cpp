@@ -37,7 +37,8 @@ VersionSelect::VersionSelect() {
     connect(Command1, &QPushButton::clicked, this, &VersionSelect::Command1_Click);
     connect(VersionList, &QListWidget::itemSelectionChanged, this,
             &VersionSelect::VersionList_SelectionChanged);
-    connect(VersionList, &QListWidget::itemDoubleClicked, this, &VersionSelect::Command1_Click);
+    // Enter or a double click on a version does what OK does.
+    connect(VersionList, &QListWidget::itemActivated, this, &VersionSelect::Command1_Click);
 }
 
 void VersionSelect::VersionList_SelectionChanged() {
