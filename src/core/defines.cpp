@@ -24,3 +24,10 @@ void WorkingState::Reset() {
         row.fill(0);
     ProgramFolder = folder;
 }
+
+void WorkingState::ClearTables() {
+    for (auto& row : TilesetTable) row = {};
+    for (auto& row : CategoryTable) row = {};
+    for (auto& row : MapTable) row = {};
+    CategoryCount = -1;
+}

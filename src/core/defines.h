@@ -34,6 +34,9 @@ struct WorkingState {
 
     // Puts everything back as at the start of the run, keeping the folder.
     void Reset();
+    // Empties the three tables before the data files are read again, so that
+    // no row of an earlier pass outlives it.
+    void ClearTables();
 };
 
 extern WorkingState Defines;

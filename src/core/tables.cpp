@@ -87,7 +87,8 @@ bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& ma
             return false;
         const int first = cat[CatFirstMap].ToInt16();
         const int count = cat[CatMapCount].ToInt16();
-        if (first < 0 || count < 0 || first + count > Limits::TableRows) {
+        if (first < 0 || first >= Limits::TableRows || count < 0 ||
+            first + count > Limits::TableRows) {
             error = Damaged(path, QStringLiteral("the category \"%1\" names map rows %2 to %3, "
                                                  "outside the rows 0 to %4 (line %5).")
                                       .arg(cat[CatName].ToText())

@@ -161,6 +161,7 @@ void MainForm::BuildMapSelection() {
 void MainForm::Form_Load() {
     const VersionSelect* version = Program::VersionSelectForm();
     const QString tilesetFile = version ? version->TilesetFile : QString();
+    Defines.ClearTables();
     QString error;
     if (tilesetFile.isEmpty())
         error = QStringLiteral("No version of the game was chosen, so there is no tileset file.");
