@@ -1,0 +1,294 @@
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "model/files.h"
+#include "model/printers.h"
+#include "rom/rombackup.h"
+#include "rom/romsave.h"
+#include "ui/scripteddialogs.h"
+
+namespace {
+
+constexpr int RomSize = 300;
+
+// The file system's number for a file, which a rename keeps and a copy does not.
+ino_t FileNumber(const QString& path) {
+    struct stat info {};
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0) return 0;
+    return info.st_ino;
+}
+
+// A ROM in its own folder, an empty program folder, and scripted dialogs.
+class RomSave : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(Dir.isValid());
+        QDir root(Dir.path());
+        ASSERT_TRUE(root.mkdir(QStringLiteral("roms")));
+        ASSERT_TRUE(root.mkdir(QStringLiteral("program")));
+        RomFolder = root.filePath(QStringLiteral("roms"));
+        ProgramFolder = root.filePath(QStringLiteral("program"));
+        RomPath = QDir(RomFolder).filePath(QStringLiteral("Morlick Red.gb"));
+        Original = TestFiles::Pattern(RomSize);
+        ASSERT_TRUE(TestFiles::Write(RomPath, Original));
+        SetDialogs(&Script);
+    }
+
+    void TearDown() override {
+        SetDialogs(nullptr);
+        // Give back any rights a test took away so the folder can be removed.
+        QFile::setPermissions(RomFolder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QFile::setPermissions(ProgramFolder,
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    // Saves with one byte written at each given position, the value drawn
+    // from the save's number so that every save leaves its own trace.
+    bool Save(Backup backup, std::initializer_list<std::int32_t> positions, std::uint8_t value) {
+        Wrote = false;
+        return SaveToRom(RomPath, ProgramFolder, backup, [&](RomFile& rom) {
+            Wrote = true;
+            for (const std::int32_t p : positions)
+                rom.RomWriteByte(p, value);
+        });
+    }
+
+    static QByteArray With(QByteArray bytes, std::initializer_list<std::int32_t> positions,
+                           std::uint8_t value) {
+        for (const std::int32_t p : positions)
+            bytes[p - 1] = static_cast<char>(value);
+        return bytes;
+    }
+
+    QString Question() const {
+        return QStringLiteral("Make a backup of the ROM (") + RomPath + QStringLiteral(".BAK)?");
+    }
+    QString Bak() const { return RomPath + QStringLiteral(".BAK"); }
+    QString Temp() const { return QDir(ProgramFolder).filePath(QStringLiteral("temp.twy")); }
+    QStringList ProgramFiles() const {
+        return QDir(ProgramFolder)
+            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+    }
+    QString Transcript() const { return Script.Texts().join(QStringLiteral(" | ")); }
+
+    QTemporaryDir Dir;
+    QString RomFolder;
+    QString ProgramFolder;
+    QString RomPath;
+    QByteArray Original;
+    ScriptedDialogs Script;
+    bool Wrote = false;
+};
+
+}  // namespace
+
+TEST_F(RomSave, BackupQuestionIsAskedOnceWithTheBakName) {
+    Script.AnswerNo();
+    ASSERT_TRUE(Save(Backup::Offer, {1}, 0x5A));
+    ASSERT_EQ(Script.Transcript().size(), 1u) << Transcript().toStdString();
+    const auto& asked = Script.Transcript()[0];
+    EXPECT_EQ(asked.kind, ScriptedDialogs::Kind::Question);
+    EXPECT_EQ(asked.title, QStringLiteral("Tarnwey"));
+    EXPECT_EQ(asked.text, Question());
+    EXPECT_EQ(Script.Count(Question()), 1);
+    EXPECT_EQ(Script.Unanswered(), 0);
+    EXPECT_EQ(BackupPath(RomPath), Bak());
+    EXPECT_EQ(TempCopyPath(ProgramFolder), Temp());
+}
+
+TEST_F(RomSave, AnsweringNoMakesNoBackupButStillSaves) {
+    Script.AnswerNo();
+    ASSERT_TRUE(Save(Backup::Offer, {1, 2, RomSize}, 0x00));
+    EXPECT_TRUE(Wrote);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {1, 2, RomSize}, 0x00));
+    EXPECT_FALSE(QFile::exists(Bak()));
+    EXPECT_TRUE(ProgramFiles().isEmpty()) << ProgramFiles().join(u',').toStdString();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
+}
+
+TEST_F(RomSave, FirstBackupKeepsTheOldBytesWithoutAWarning) {
+    ASSERT_FALSE(QFile::exists(Bak()));
+    const ino_t romFile = FileNumber(RomPath);
+    ASSERT_NE(romFile, 0u);
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {7, 8, 200}, 0xC3)) << Transcript().toStdString();
+    // The file that was the ROM became the backup under its new name; the ROM
+    // written into is a fresh copy.
+    EXPECT_EQ(FileNumber(Bak()), romFile);
+    EXPECT_NE(FileNumber(RomPath), romFile);
+    EXPECT_EQ(Script.Transcript().size(), 1u) << Transcript().toStdString();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0);
+    EXPECT_TRUE(Script.ScriptUsedUp());
+    EXPECT_EQ(TestFiles::Read(Bak()), Original);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {7, 8, 200}, 0xC3));
+    EXPECT_FALSE(QFile::exists(Temp()));
+    EXPECT_TRUE(ProgramFiles().isEmpty()) << ProgramFiles().join(u',').toStdString();
+    // Only the ROM and its backup lie in the ROM's folder.
+    EXPECT_EQ(QDir(RomFolder).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(RomSave, StaleTempCopyIsReplaced) {
+    // A copy left by an earlier run, of the ROM's length but other bytes.
+    ASSERT_TRUE(TestFiles::Write(Temp(), QByteArray(RomSize, '\x99')));
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {3}, 0x01)) << Transcript().toStdString();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(Bak()), Original);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {3}, 0x01));
+    EXPECT_FALSE(QFile::exists(Temp()));
+
+    // A stale copy of another length.
+    ASSERT_TRUE(TestFiles::Write(Temp(), QByteArray(17, '\x42')));
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {4}, 0x02)) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), With(With(Original, {3}, 0x01), {4}, 0x02));
+    EXPECT_FALSE(QFile::exists(Temp()));
+}
+
+TEST_F(RomSave, SecondBackupHoldsTheStateBeforeTheSecondSave) {
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {10}, 0xAA)) << Transcript().toStdString();
+    const QByteArray afterFirst = With(Original, {10}, 0xAA);
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {11}, 0xBB)) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(Bak()), afterFirst);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(afterFirst, {11}, 0xBB));
+    EXPECT_EQ(Script.Count(Question()), 2);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
+    EXPECT_FALSE(QFile::exists(Temp()));
+}
+
+TEST_F(RomSave, AnswerNoLeavesAnOlderBackupAlone) {
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {10}, 0xAA));
+    Script.AnswerNo();
+    ASSERT_TRUE(Save(Backup::Offer, {11}, 0xBB));
+    EXPECT_EQ(TestFiles::Read(Bak()), Original);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(With(Original, {10}, 0xAA), {11}, 0xBB));
+}
+
+TEST_F(RomSave, SkippedBackupAsksNothing) {
+    ASSERT_TRUE(Save(Backup::Skip, {RomSize}, 0x10));
+    EXPECT_TRUE(Script.Transcript().empty()) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {RomSize}, 0x10));
+    EXPECT_FALSE(QFile::exists(Bak()));
+}
+
+TEST_F(RomSave, BackupWorksWithTheRomInTheProgramFolder) {
+    RomPath = QDir(ProgramFolder).filePath(QStringLiteral("Morlick Blue.gb"));
+    ASSERT_TRUE(TestFiles::Write(RomPath, Original));
+    Script.AnswerYes();
+    ASSERT_TRUE(Save(Backup::Offer, {5}, 0x66)) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(Bak()), Original);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {5}, 0x66));
+    EXPECT_FALSE(QFile::exists(Temp()));
+}
+
+TEST_F(RomSave, TempCopyThatCannotBeMadeStopsTheSave) {
+    // A folder where the temporary copy must go: step 2 fails.
+    ASSERT_TRUE(QDir(ProgramFolder).mkdir(QStringLiteral("temp.twy")));
+    ASSERT_TRUE(TestFiles::Write(Bak(), QByteArray("older backup")));
+    Script.AnswerYes();
+    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
+    EXPECT_FALSE(Wrote);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_EQ(Script.Transcript().size(), 2u) << Transcript().toStdString();
+    EXPECT_TRUE(Script.Transcript().back().text.contains(RomPath)) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+    EXPECT_TRUE(QFileInfo(RomPath).isFile());
+}
+
+TEST_F(RomSave, OldBackupThatCannotBeDeletedStopsTheSave) {
+    // A folder named as the backup, with a file in it: step 1 fails.
+    ASSERT_TRUE(QDir(RomFolder).mkdir(QFileInfo(Bak()).fileName()));
+    ASSERT_TRUE(TestFiles::Write(QDir(Bak()).filePath(QStringLiteral("inside")), "x"));
+    Script.AnswerYes();
+    EXPECT_FALSE(Save(Backup::Offer, {1, 2}, 0x00));
+    EXPECT_FALSE(Wrote);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_TRUE(Script.Transcript().back().text.contains(RomPath)) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+    EXPECT_TRUE(QFileInfo(Bak()).isDir());
+    EXPECT_FALSE(QFile::exists(Temp()));
+}
+
+TEST_F(RomSave, RomThatCannotBeRenamedStopsTheSave) {
+    // Step 3 renames the ROM inside its folder; a folder that refuses changes
+    // makes it fail. Root ignores the rights, so there is nothing to test then.
+    ASSERT_TRUE(QFile::setPermissions(RomFolder, QFile::ReadOwner | QFile::ExeOwner));
+    if (!TestFiles::RefusesNewFiles(RomFolder)) GTEST_SKIP() << "folder rights are not enforced";
+    Script.AnswerYes();
+    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
+    EXPECT_FALSE(Wrote);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+    EXPECT_FALSE(QFile::exists(Bak()));
+    EXPECT_FALSE(QFile::exists(Temp()));
+}
+
+TEST_F(RomSave, ProgramFolderThatRefusesTheCopyStopsTheSave) {
+    ASSERT_TRUE(QFile::setPermissions(ProgramFolder, QFile::ReadOwner | QFile::ExeOwner));
+    if (!TestFiles::RefusesNewFiles(ProgramFolder))
+        GTEST_SKIP() << "folder rights are not enforced";
+    Script.AnswerYes();
+    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
+    EXPECT_FALSE(Wrote);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+}
+
+TEST_F(RomSave, PositionOutsideTheRomSavesNothingAndWarnsOnce) {
+    EXPECT_FALSE(Save(Backup::Skip, {5, RomSize + 1, 6}, 0x44));
+    EXPECT_TRUE(Wrote);
+    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_TRUE(Script.Transcript().back().text.contains(QString::number(RomSize + 1)))
+        << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+
+    // With a backup made first, the backup is whole and the ROM still unchanged.
+    Script.Clear();
+    Script.AnswerYes();
+    EXPECT_FALSE(Save(Backup::Offer, {5, 0}, 0x44));
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+    EXPECT_EQ(TestFiles::Read(Bak()), Original);
+}
+
+TEST_F(RomSave, MissingRomIsToldAndNotMadeAgain) {
+    ASSERT_TRUE(QFile::remove(RomPath));
+    EXPECT_FALSE(Save(Backup::Skip, {1}, 0x01));
+    EXPECT_FALSE(Wrote);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_FALSE(QFile::exists(RomPath));
+
+    Script.Clear();
+    Script.AnswerYes();
+    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x01));
+    EXPECT_FALSE(Wrote);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_FALSE(QFile::exists(RomPath));
+    EXPECT_FALSE(QFile::exists(Bak()));
+    EXPECT_FALSE(QFile::exists(Temp()));
+}
+
+TEST_F(RomSave, BackupStepsReportTheirFaultWithoutAsking) {
+    QString error;
+    ASSERT_TRUE(CopyRomToBackup(RomPath, ProgramFolder, error)) << error.toStdString();
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+    EXPECT_EQ(TestFiles::Read(Bak()), Original);
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+    EXPECT_FALSE(QFile::exists(Temp()));
+    EXPECT_TRUE(Script.Transcript().empty());
+
+    ASSERT_TRUE(QDir(ProgramFolder).mkdir(QStringLiteral("temp.twy")));
+    EXPECT_FALSE(CopyRomToBackup(RomPath, ProgramFolder, error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_TRUE(error.contains(RomPath)) << error.toStdString();
+    EXPECT_TRUE(Script.Transcript().empty());
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+}
