@@ -26,8 +26,11 @@ void WorkingState::Reset() {
 }
 
 void WorkingState::ClearTables() {
-    for (auto& row : TilesetTable) row = {};
-    for (auto& row : CategoryTable) row = {};
-    for (auto& row : MapTable) row = {};
+    for (auto& row : TilesetTable)
+        row = {};
+    for (auto& row : CategoryTable)
+        row = {};
+    for (auto& row : MapTable)
+        row = {};
     CategoryCount = -1;
 }

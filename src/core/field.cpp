@@ -3,6 +3,17 @@
 #include <cmath>
 #include <limits>
 
+bool Field::LooksNumeric(const QString& text) {
+    bool digit = false;
+    for (const QChar c : text) {
+        if (c.isDigit())
+            digit = true;
+        else if (c != u'+' && c != u'-' && c != u'.' && c != u'e' && c != u'E')
+            return false;
+    }
+    return digit;
+}
+
 Field Field::Number(double value) {
     Field f;
     f.Kind_ = Kind::Number;
@@ -31,8 +42,9 @@ double Field::AsNumber() const {
         case Kind::Flag:
             return Flag_ ? -1 : 0;
         case Kind::Text: {
+            const QString text = Text_.trimmed();
             bool ok = false;
-            const double v = Text_.trimmed().toDouble(&ok);
+            const double v = LooksNumeric(text) ? text.toDouble(&ok) : 0;
             return ok ? v : 0;
         }
         case Kind::Empty:
@@ -81,7 +93,7 @@ bool Field::IsTrue() const {
         case Kind::Number:
             return Number_ != 0;
         case Kind::Text:
-            return true;
+            return !Text_.isEmpty();  // "" holds nothing, like an empty field
         case Kind::Empty:
             break;
     }

@@ -29,6 +29,10 @@ public:
 
     bool operator==(const Field& other) const = default;
 
+    // True when a text is a number in plain decimal notation, so that a name
+    // such as "Nan" or "Inf" stays text.
+    static bool LooksNumeric(const QString& text);
+
 private:
     double AsNumber() const;
 

@@ -19,18 +19,6 @@ bool ReadsAsFlag(const QString& s, bool& value) {
     }
     return false;
 }
-// Only plain decimal notation counts as a number, so that a name such as
-// "Nan" or "Inf" stays text.
-bool LooksNumeric(const QString& s) {
-    bool digit = false;
-    for (const QChar c : s) {
-        if (c.isDigit())
-            digit = true;
-        else if (c != u'+' && c != u'-' && c != u'.' && c != u'e' && c != u'E')
-            return false;
-    }
-    return digit;
-}
 }  // namespace
 
 FieldReader::FieldReader(const QByteArray& content) {
@@ -87,7 +75,7 @@ bool FieldReader::ReadField(Field& out) {
             ++Pos_;
         const QString raw = Text_.mid(start, Pos_ - start).trimmed();
         bool flag = false;
-        bool isNumber = LooksNumeric(raw);
+        bool isNumber = Field::LooksNumeric(raw);
         const double number = isNumber ? raw.toDouble(&isNumber) : 0;
         if (raw.isEmpty())
             out = Field();

@@ -76,10 +76,11 @@ bool RomFile::Close() {
     LastWritten_ = -1;
     if (nothingToWrite) return !Failed();
 
-    // Open for reading and writing: this never truncates the file.
+    // Open for reading and writing: this never truncates the file, and a ROM
+    // that vanished since Open is not made again as an empty file.
     QFile file(Path_);
     QString why;
-    if (!file.open(QIODevice::ReadWrite))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         why = file.errorString();
     else if (file.size() != Bytes_.size())
         why = QStringLiteral("its length changed while it was open");  // never write past its end

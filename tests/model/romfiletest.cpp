@@ -158,9 +158,7 @@ TEST_F(RomFileTest, OpeningAMissingFileIsAnErrorNamingIt) {
         << folder.Error().toStdString();
 }
 
-// Disabled until Close opens the file only when it still exists: it now
-// creates an empty file in place of a ROM that vanished.
-TEST_F(RomFileTest, DISABLED_FileThatVanishedBeforeCloseIsNotMadeAgain) {
+TEST_F(RomFileTest, FileThatVanishedBeforeCloseIsNotMadeAgain) {
     RomFile rom;
     ASSERT_TRUE(rom.Open(Path));
     ASSERT_TRUE(QFile::remove(Path));
