@@ -23,6 +23,7 @@ public:
     bool IsLoaded() const { return Loaded_; }
     // The client area below the menu bar, which holds the window's controls.
     QWidget* Client() const { return Client_; }
+    QMenuBar* MenuBar() const { return MenuBar_; }
 
 protected:
     virtual void Form_Load() {}
