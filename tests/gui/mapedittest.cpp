@@ -1,0 +1,384 @@
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include "core/defines.h"
+#include "core/startup/program.h"
+#include "mapview/compose.h"
+#include "mapview/tiles.h"
+#include "rom/rombackup.h"
+#include "support/apptest.h"
+
+namespace {
+const QString SavedMessage = QStringLiteral("Your changes to the map have been saved!");
+
+// A tileset of 21 blocks (BlockCount 20) with bias 2, and maps on it: one
+// with a border byte of 0 and a square of byte 0, one without object data.
+SmallProject EditProject() {
+    SmallProject project;
+    project.AddTileset(20, 2);
+    project.AddTileset(7, 0);
+    const int cat = project.AddCategory(QStringLiteral("Edit"), 0);
+    project.AddMap(
+        cat, QStringLiteral("Field"), 12, 9, 0,
+        [](int x, int y) { return x == 1 && y == 1 ? -2 : (x * y) % 21; }, -2);
+    const int bare =
+        project.AddMap(cat, QStringLiteral("Bare"), 3, 3, 0, [](int, int) { return 5; });
+    project.Map(bare).ObjectPos = 1;
+    project.AddMap(cat, QStringLiteral("Small set"), 3, 3, 1, [](int x, int) { return x; });
+    return project;
+}
+
+// The positions a map save may write: the border byte and the grid.
+std::vector<int> MapArea(const Fixture::MapRow& map) {
+    std::vector<int> area = {map.ObjectPos};
+    for (int i = 0; i < map.Rows * map.Cols; ++i)
+        area.push_back(map.GridPos + i);
+    return area;
+}
+
+bool Within(const std::vector<int>& positions, const std::vector<int>& area) {
+    for (int p : positions)
+        if (std::find(area.begin(), area.end(), p) == area.end()) return false;
+    return true;
+}
+}  // namespace
+
+class MapEditTest : public AppTest {};
+
+TEST_F(MapEditTest, PaletteShowsSixBlocksAndTheHexOfTheSelection) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->Scroll->minimum(), 0);
+    EXPECT_EQ(form->Scroll->maximum(), 15);
+    EXPECT_EQ(form->Scroll->pageStep(), 3);
+    EXPECT_EQ(form->CurBlock, 0);
+    EXPECT_EQ(form->BlockHex->text(), QStringLiteral("Hex: 02"));
+    EXPECT_EQ(form->SelBorder->TopTwips(), 120);
+    for (int k = 0; k < 6; ++k)
+        EXPECT_EQ(form->SideBlock->Picture(16 * k + 3),
+                  TilePicture(TileIndex(Defines.BlockTiles[k][3])));
+    // A press with either button selects; scrolling with the frame in place
+    // selects the block that moves under it.
+    PressCell(form->SideBlock, 16 * 2 + 5, Qt::RightButton);
+    EXPECT_EQ(form->SelBorder->TopTwips(), 2040);
+    EXPECT_EQ(form->CurBlock, 2);
+    form->Scroll->setValue(1);
+    EXPECT_EQ(form->CurBlock, 3);
+    EXPECT_EQ(form->BlockHex->text(), QStringLiteral("Hex: 05"));
+    form->Scroll->setValue(8);
+    PressCell(form->SideBlock, 0);
+    EXPECT_EQ(form->BlockHex->text(), QStringLiteral("Hex: 0A"));
+}
+
+TEST_F(MapEditTest, PickingUpBringsTheBlockToTheTopOrBottomSlot) {
+    SmallProject project = EditProject();
+    const int cat = 0;
+    project.AddMap(cat, QStringLiteral("Picks"), 3, 1, 0, [](int x, int) {
+        return x == 1 ? 13 : x == 2 ? 14 : 20;
+    });
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    GoTo(form, 0, 3);
+    PressCell(form->View->MapTile, 0, Qt::RightButton);  // block 13 < 20 - 6
+    EXPECT_EQ(form->Scroll->value(), 13);
+    EXPECT_EQ(form->SelBorder->TopTwips(), 120);
+    EXPECT_EQ(form->CurBlock, 13);
+    PressCell(form->View->MapTile, 16, Qt::RightButton);  // block 14
+    EXPECT_EQ(form->Scroll->value(), 9);
+    EXPECT_EQ(form->SelBorder->TopTwips(), 4920);
+    EXPECT_EQ(form->CurBlock, 14);
+    PressCell(form->View->MapTile, 32, Qt::RightButton);  // block 20, the last
+    EXPECT_EQ(form->Scroll->value(), 15);
+    EXPECT_EQ(form->CurBlock, 20);
+    // Picking up changes nothing of the map.
+    EXPECT_FALSE(form->MapChanged);
+    EXPECT_EQ(form->Undo.UndoCount(), 0);
+    EXPECT_FALSE(form->mnuUndo->isEnabled());
+}
+
+TEST_F(MapEditTest, ASmallTilesetKeepsThePaletteInsideItsBlocks) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    PressCell(form->SideBlock, 16 * 5);  // slot 5, block 5
+    GoTo(form, 0, 2);                    // eight blocks: the bar cannot move past 2
+    EXPECT_EQ(form->Scroll->maximum(), 2);
+    EXPECT_EQ(form->CurBlock, 5);
+    PressCell(form->View->MapTile, 0, Qt::RightButton);  // block 1
+    EXPECT_GE(form->Scroll->value(), 0);
+    EXPECT_LE(form->Scroll->value(), 2);
+    EXPECT_EQ(form->CurBlock, 1);
+    EXPECT_EQ(form->SelBorder->TopTwips(), 120 + 960 * (1 - form->Scroll->value()));
+}
+
+TEST_F(MapEditTest, PaintingAndUndoReachBackExactlyOneHundredSteps) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->mnuUndo->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Z));
+    auto original = Defines.MapGrid;
+    // 101 paints on squares of the first row and column, each with its own block.
+    std::vector<std::pair<int, int>> squares;
+    for (int step = 0; step < 101; ++step) {
+        const int slot = step % 8;
+        form->Scroll->setValue(step % 15);
+        PressCell(form->SideBlock, 16 * (step % 6));
+        PressCell(form->View->MapTile, 16 * slot + 5);
+        squares.push_back({1, 1 + slot});
+    }
+    EXPECT_TRUE(form->mnuUndo->isEnabled());
+    EXPECT_EQ(form->Undo.UndoCount(), 100);
+    // Replaying step 1 on the original gives the state that 100 undos reach.
+    auto afterFirst = original;
+    afterFirst[1][1] = static_cast<std::int16_t>(0 % 15 + 0 % 6);
+    for (int i = 0; i < 100; ++i)
+        form->mnuUndo->trigger();
+    EXPECT_FALSE(form->mnuUndo->isEnabled());
+    for (int y = 1; y <= 9; ++y)
+        for (int x = 1; x <= 12; ++x)
+            ASSERT_EQ(Defines.MapGrid[y][x], afterFirst[y][x]) << x << "," << y;
+    // Undo leaves the changed flag set.
+    EXPECT_TRUE(form->MapChanged);
+}
+
+TEST_F(MapEditTest, OnePaintAndOneUndo) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    const int before = Defines.MapGrid[2][3];
+    PressCell(form->SideBlock, 16 * 4);
+    // Painting a square with the block it holds still counts as a step.
+    PressCell(form->View->MapTile, 16 * (2 + 8) + 15);
+    EXPECT_EQ(Defines.MapGrid[2][3], 4);
+    EXPECT_EQ(form->View->MapTile->Picture(16 * 10),
+              TilePicture(TileIndex(Defines.BlockTiles[4][0])));
+    form->mnuUndo->trigger();
+    EXPECT_EQ(Defines.MapGrid[2][3], before);
+    EXPECT_EQ(form->View->MapTile->Picture(16 * 10),
+              TilePicture(TileIndex(Defines.BlockTiles[before][0])));
+    EXPECT_FALSE(form->mnuUndo->isEnabled());
+    EXPECT_TRUE(form->MapChanged);
+}
+
+TEST_F(MapEditTest, BorderBlockPaintsAndPicksUp) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->BorderNum, -2);
+    PressCell(form->SideBlock, 16 * 3);
+    PressCell(form->BorderBlock, 7);
+    EXPECT_EQ(form->BorderNum, 3);
+    EXPECT_TRUE(form->MapChanged);
+    EXPECT_EQ(form->Undo.UndoCount(), 0);  // the border is not an undo step
+    EXPECT_EQ(form->BorderBlock->Picture(7), TilePicture(TileIndex(Defines.BlockTiles[3][7])));
+    PressCell(form->SideBlock, 0);
+    PressCell(form->BorderBlock, 0, Qt::RightButton);
+    EXPECT_EQ(form->CurBlock, 3);
+}
+
+TEST_F(MapEditTest, SaveWritesOnlyTheBorderByteAndTheGrid) {
+    const SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    const QByteArray before = ReadFile(Defines.RomPath);
+    PressCell(form->SideBlock, 16 * 5);
+    PressCell(form->View->MapTile, 16 * 9);  // square (2, 2), which held block 4
+    PressCell(form->BorderBlock, 0);
+    Script.AnswerNo();  // no backup
+    form->mnuSave->trigger();
+    EXPECT_EQ(
+        Script.Count(QStringLiteral("Make a backup of the ROM (%1.BAK)?").arg(Defines.RomPath)), 1);
+    EXPECT_EQ(Script.Count(SavedMessage), 1);
+    EXPECT_FALSE(form->MapChanged);
+    const QByteArray after = ReadFile(Defines.RomPath);
+    ASSERT_EQ(after.size(), before.size());
+    const Fixture::MapRow& map = project.Categories[0].Maps[0];
+    EXPECT_EQ(Differences(before, after), (std::vector<int>{map.ObjectPos, map.GridPos + 12 + 1}));
+    EXPECT_EQ(static_cast<quint8>(after[map.ObjectPos - 1]), 5 + 2);
+    EXPECT_EQ(static_cast<quint8>(after[map.GridPos + 12]), 5 + 2);
+    // Undo after the save leaves the flag clear; the next save writes the result.
+    form->mnuUndo->trigger();
+    EXPECT_FALSE(form->MapChanged);
+    Script.AnswerNo();
+    form->mnuSave->trigger();
+    const QByteArray undone = ReadFile(Defines.RomPath);
+    EXPECT_EQ(Differences(before, undone), (std::vector<int>{map.ObjectPos}));
+    // The zero bytes (border and square (1, 1)) were written as zero bytes.
+    EXPECT_EQ(undone[map.GridPos - 1], 0);
+    Script.AnswerYes();
+    form->mnuExit->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("Do you want to exit Tarnwey?")), 1);
+}
+
+TEST_F(MapEditTest, SaveOfAMapWithoutObjectDataWritesPositionOneBackUnchanged) {
+    const SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    GoTo(form, 0, 1);
+    const QByteArray before = ReadFile(Defines.RomPath);
+    PressCell(form->View->MapTile, 0);
+    Script.AnswerNo();
+    form->mnuSave->trigger();
+    const QByteArray after = ReadFile(Defines.RomPath);
+    const Fixture::MapRow& map = project.Categories[0].Maps[1];
+    EXPECT_EQ(Differences(before, after), (std::vector<int>{map.GridPos}));
+    EXPECT_EQ(after[0], before[0]);
+}
+
+TEST_F(MapEditTest, BackupHoldsTheStateBeforeTheLatestSave) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    const QString bak = Defines.RomPath + QStringLiteral(".BAK");
+    const QByteArray first = ReadFile(Defines.RomPath);
+    PressCell(form->View->MapTile, 0);
+    Script.AnswerYes();
+    form->mnuSave->trigger();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0);
+    EXPECT_EQ(ReadFile(bak), first);
+    const QByteArray second = ReadFile(Defines.RomPath);
+    EXPECT_NE(second, first);
+    EXPECT_FALSE(QFile::exists(TempCopyPath(Folder())));
+    PressCell(form->SideBlock, 16);
+    PressCell(form->View->MapTile, 0);
+    Script.AnswerYes();
+    form->mnuSave->trigger();
+    EXPECT_EQ(ReadFile(bak), second);
+    // A No leaves the older backup as it was.
+    PressCell(form->SideBlock, 32);
+    PressCell(form->View->MapTile, 0);
+    Script.AnswerNo();
+    form->mnuSave->trigger();
+    EXPECT_EQ(ReadFile(bak), second);
+    EXPECT_EQ(Script.Count(SavedMessage), 3);
+}
+
+TEST_F(MapEditTest, AFailedBackupStepWritesNothingAndSaysWhere) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    const QByteArray before = ReadFile(Defines.RomPath);
+    // A folder in the way of the temporary copy makes the copy fail.
+    ASSERT_TRUE(QDir(Folder()).mkpath(QStringLiteral("temp.twy/inside")));
+    PressCell(form->View->MapTile, 0);
+    Script.AnswerYes();
+    form->mnuSave->trigger();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+    EXPECT_EQ(Script.Count(SavedMessage), 0);
+    EXPECT_TRUE(Script.Transcript().back().text.contains(Defines.RomPath));
+    EXPECT_EQ(ReadFile(Defines.RomPath), before);
+    EXPECT_TRUE(form->MapChanged);
+}
+
+TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
+    const SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    const QString first = Defines.RomPath;
+    const QByteArray before = ReadFile(first);
+    PressCell(form->SideBlock, 16 * 3);
+    PressCell(form->View->MapTile, 16);
+
+    // Cancelling the chooser changes nothing.
+    Script.CancelFile();
+    form->mnuSaveAs->trigger();
+    EXPECT_EQ(Script.Transcript().back().title, QStringLiteral("Tarnwey - Save ROM File As"));
+    EXPECT_EQ(Defines.RomPath, first);
+    EXPECT_TRUE(form->MapChanged);
+
+    const QString copy = PathOf(QStringLiteral("copy.gb"));
+    Script.ChooseFile(copy);
+    form->mnuSaveAs->trigger();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);  // no backup, no overwrite
+    EXPECT_EQ(Defines.RomPath, copy);
+    EXPECT_FALSE(form->MapChanged);
+    EXPECT_EQ(ReadFile(first), before);
+    const Fixture::MapRow& map = project.Categories[0].Maps[0];
+    EXPECT_TRUE(Within(Differences(before, ReadFile(copy)), MapArea(map)));
+    EXPECT_EQ(Differences(before, ReadFile(copy)), (std::vector<int>{map.GridPos + 1}));
+
+    // Overwriting an existing file asks; No writes nothing.
+    const QString other = PathOf(QStringLiteral("other.gb"));
+    QFile::copy(first, other);
+    Script.ChooseFile(other);
+    Script.AnswerNo();
+    form->mnuSaveAs->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("This file already exists. Overwrite it?")), 1);
+    EXPECT_EQ(ReadFile(other), before);
+    EXPECT_EQ(Defines.RomPath, copy);
+
+    // The next save's backup lies beside the new file.
+    Script.AnswerYes();
+    form->mnuSave->trigger();
+    EXPECT_TRUE(QFile::exists(copy + QStringLiteral(".BAK")));
+    EXPECT_FALSE(QFile::exists(first + QStringLiteral(".BAK")));
+}
+
+TEST_F(MapEditTest, SaveAsOntoTheOpenFileKeepsItsBytes) {
+    const SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    const QByteArray before = ReadFile(Defines.RomPath);
+    PressCell(form->SideBlock, 16 * 3);
+    PressCell(form->View->MapTile, 16);
+    Script.ChooseFile(Defines.RomPath);
+    Script.AnswerYes();
+    form->mnuSaveAs->trigger();
+    const QByteArray after = ReadFile(Defines.RomPath);
+    ASSERT_EQ(after.size(), before.size());
+    EXPECT_EQ(Differences(before, after),
+              (std::vector<int>{project.Categories[0].Maps[0].GridPos + 1}));
+    EXPECT_EQ(Script.Count(SavedMessage), 1);
+}
+
+TEST_F(MapEditTest, ExitAndClosingAskTheSameQuestionOnce) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    Script.AnswerNo();
+    form->mnuExit->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("Do you want to exit Tarnwey?")), 1);
+    EXPECT_TRUE(form->isVisible());
+    Script.AnswerNo();
+    EXPECT_FALSE(form->close());
+    EXPECT_EQ(Script.Count(QStringLiteral("Do you want to exit Tarnwey?")), 2);
+    EXPECT_TRUE(form->isVisible());
+
+    PressCell(form->View->MapTile, 0);
+    Script.AnswerNo();
+    EXPECT_FALSE(form->close());
+    EXPECT_EQ(Script.Count(QStringLiteral("Exit without saving the changes you have made?")), 1);
+    Script.AnswerYes();
+    form->mnuExit->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("Exit without saving the changes you have made?")), 2);
+    EXPECT_TRUE(Program::Ended());
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 4);
+}
+
+TEST_F(MapEditTest, ModeCommandsHideTheMainWindowUntilTheChildCloses) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    PressCell(form->View->MapTile, 0);
+    struct Entry {
+        QAction* action;
+        QString caption;
+    };
+    for (const Entry& e :
+         {Entry{form->mnuBlockEdit, QStringLiteral("Tarnwey - Building Block Editor")},
+          Entry{form->mnuWarpEdit, QStringLiteral("Warp Editor")},
+          Entry{form->mnuEventEdit, QStringLiteral("Event Editor")},
+          Entry{form->mnuAbout, QStringLiteral("About Tarnwey")}}) {
+        SCOPED_TRACE(e.caption.toStdString());
+        e.action->trigger();
+        EXPECT_FALSE(form->isVisible());
+        QWidget* child = QApplication::activeWindow();
+        QWidget* shown = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible()) {
+                EXPECT_EQ(shown, nullptr) << "two windows on screen";
+                shown = w;
+            }
+        ASSERT_NE(shown, nullptr);
+        (void)child;
+        EXPECT_EQ(shown->windowTitle(), e.caption);
+        shown->close();
+        EXPECT_TRUE(form->isVisible());
+    }
+    EXPECT_TRUE(form->MapChanged);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
+}

@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "mapview/tiles.h"
+#include "support/smallproject.h"
+#include "ui/cellarray.h"
+
+TEST(TileBankTest, AMissingOrTooSmallBankIsNamedAndLeavesTheBankAsItWas) {
+    QTemporaryDir dir;
+    QString error;
+    const bool loadedBefore = Tiles::Bank().IsLoaded();
+    EXPECT_FALSE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Tiles.png")), error));
+    EXPECT_TRUE(error.contains(QStringLiteral("Tiles.png")));
+    QImage small(256, 256, QImage::Format_RGB32);  // 256 pictures, not 520
+    small.fill(Qt::white);
+    ASSERT_TRUE(small.save(dir.filePath(QStringLiteral("Small.png"))));
+    error.clear();
+    EXPECT_FALSE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Small.png")), error));
+    EXPECT_TRUE(error.contains(QStringLiteral("Small.png")));
+    QFile garbage(dir.filePath(QStringLiteral("Garbage.png")));
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
+    garbage.write("not a picture at all");
+    garbage.close();
+    EXPECT_FALSE(Tiles::Bank().Load(garbage.fileName(), error));
+    EXPECT_EQ(Tiles::Bank().IsLoaded(), loadedBefore);
+}
+
+TEST(TileBankTest, PicturesAreCutFromTheAtlasByIndex) {
+    QTemporaryDir dir;
+    const QImage atlas = IndexTileBank();
+    ASSERT_TRUE(atlas.save(dir.filePath(QStringLiteral("Tiles.png"))));
+    QString error;
+    ASSERT_TRUE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Tiles.png")), error));
+    for (int i : {0, 15, 16, 423, 424, 519}) {
+        const QImage picture = TilePicture(i)->toImage();
+        EXPECT_EQ(picture.size(), QSize(16, 16));
+        EXPECT_EQ(picture.pixel(0, 0), qRgb(i % 256, i / 256, 7)) << i;
+        EXPECT_EQ(picture.pixel(15, 15), qRgb(i % 256, i / 256, 7)) << i;
+    }
+    EXPECT_EQ(TilePicture(520), Tiles::Bank().NoPicture());
+    EXPECT_EQ(TilePicture(-1), Tiles::Bank().NoPicture());
+    EXPECT_EQ(TilePicture(32767), Tiles::Bank().NoPicture());
+}
+
+TEST(CellArrayTest, PressesDecodeToTheCellUnderThePointerAndNeverWrap) {
+    QWidget parent;
+    CellArray cells(&parent, 8, 6, 255);
+    QSignalSpy spy(&cells, &CellArray::MouseDown);
+    // 32 columns of 16 pixels; the last cell is 17 pixels wide.
+    EXPECT_EQ(cells.width(), 31 * 16 + 17);
+    EXPECT_EQ(cells.CellAt(QPoint(0, 0)), 0);
+    EXPECT_EQ(cells.CellAt(QPoint(17, 0)), 1);
+    EXPECT_EQ(cells.CellAt(QPoint(64, 0)), 16);   // the next slot
+    EXPECT_EQ(cells.CellAt(QPoint(0, 16)), 4);    // the second row of slot 0
+    EXPECT_EQ(cells.CellAt(QPoint(0, 64)), 128);  // slot 8, the second slot row
+    EXPECT_EQ(cells.CellAt(QPoint(31 * 16 + 16, 0)), 16 * 7 + 3);
+    EXPECT_EQ(cells.CellAt(QPoint(-1, 0)), -1);
+    cells.SetCellVisible(1, false);
+    EXPECT_EQ(cells.CellAt(QPoint(17, 0)), -1);
+    QTest::mousePress(&cells, Qt::RightButton, Qt::NoModifier, QPoint(20, 70));
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy[0][0].toInt(), 128 + 1);
+    EXPECT_EQ(spy[0][1].toInt(), 2);
+    QTest::mousePress(&cells, Qt::LeftButton, Qt::NoModifier, QPoint(17, 0));  // hidden cell
+    EXPECT_EQ(spy.count(), 1);
+}
