@@ -1,0 +1,42 @@
+#include "bench/benchsupport.h"
+
+#include "core/defines.h"
+#include "core/startup/program.h"
+#include "core/startup/splash.h"
+#include "core/startup/versionselect.h"
+
+namespace {
+SmallProject BigProject() {
+    SmallProject project(1024 * 1024);
+    project.AddTileset(255, 0, 0, [](int b, int t) { return (b + t) % 94; });
+    const int cat = project.AddCategory(QStringLiteral("Big"), 0);
+    project.AddMap(cat, QStringLiteral("Wilds"), 255, 255, 0,
+                   [](int x, int y) { return (x * 7 + y * 13) % 256; });
+    return project;
+}
+}  // namespace
+
+BigMapFolder::BigMapFolder() : Project_(BigProject()) {
+    RomPath_ = Project_.Write(Dir_.path());
+    Defines.Reset();
+    Defines.ProgramFolder = Dir_.path();
+    Defines.RomPath = RomPath_;
+    SetDialogs(&Script_);
+    QString error;
+    LoadTilesetFile(Dir_.filePath(QStringLiteral("TilesetsR.twy")), Defines.TilesetTable, error);
+    LoadMapsFile(Dir_.filePath(QStringLiteral("Maps.twy")), Defines.CategoryTable, Defines.MapTable,
+                 Defines.CategoryCount, error);
+}
+
+BigMapFolder::~BigMapFolder() {
+    Program::Reset();
+    SetDialogs(nullptr);
+}
+
+MainForm* BigMapFolder::StartUp() {
+    Script_.ChooseFile(RomPath_);
+    Program::Main();
+    Program::VersionSelectForm()->Command1_Click();
+    Program::SplashForm()->Timer1_Timer();
+    return Program::MainWindow();
+}
