@@ -1,0 +1,121 @@
+// Takes the screenshots a reviewer looks at: the program is started on a ROM
+// under a real display (Xvfb will do), driven to each state through its own
+// handlers, and the screen around its window is saved as PNG files.
+//
+//   screenshots <program folder> <rom> <output folder>
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QScreen>
+#include <QTimer>
+#include <cstdio>
+
+#include "core/defines.h"
+#include "core/startup/program.h"
+#include "core/startup/splash.h"
+#include "core/startup/versionselect.h"
+#include "mapedit/mainform.h"
+#include "ui/programfont.h"
+#include "ui/scripteddialogs.h"
+
+namespace {
+QString Out;
+
+void Settle() {
+    for (int i = 0; i < 20; ++i)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+void Shoot(QWidget* window, const QString& name, int extraHeight = 0) {
+    Settle();
+    const QRect frame = window->frameGeometry().adjusted(-4, -4, 4, 4 + extraHeight);
+    QPixmap shot = QGuiApplication::primaryScreen()->grabWindow(0, frame.x(), frame.y(),
+                                                                frame.width(), frame.height());
+    shot.save(QDir(Out).filePath(name + QStringLiteral(".png")));
+    std::printf("%s\n", qPrintable(name));
+}
+
+// Finds a map by its size and goes to it through the lists, as a user does.
+bool GoToMapOfSize(MainForm* form, int cols, int rows) {
+    for (int c = 0; c <= Defines.CategoryCount; ++c) {
+        const int first = Defines.CategoryTable[c][CatFirstMap].ToInt16();
+        const int count = Defines.CategoryTable[c][CatMapCount].ToInt16();
+        for (int r = 0; r < count; ++r) {
+            const auto& map = Defines.MapTable[first + r];
+            if (map[MapCols].ToInt16() != cols || map[MapRows].ToInt16() != rows) continue;
+            form->CatList->setCurrentRow(c);
+            form->CatList_MouseDown();
+            form->MapList->setCurrentRow(r);
+            form->MapList_MouseDown();
+            form->Command2_Click();
+            return true;
+        }
+    }
+    std::printf("no map of %d x %d\n", cols, rows);
+    return false;
+}
+
+void ShootMenu(MainForm* form, QMenu* menu, const QString& name) {
+    menu->popup(form->mapToGlobal(QPoint(0, 0)) +
+                QPoint(form->MenuBar()->actionGeometry(menu->menuAction()).left(), 20));
+    Shoot(form, name, 120);
+    menu->hide();
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    if (argc < 4) {
+        std::fprintf(stderr, "usage: screenshots <program folder> <rom> <output folder>\n");
+        return 2;
+    }
+    ApplyProgramFont();
+    Out = QString::fromLocal8Bit(argv[3]);
+    QDir().mkpath(Out);
+    ScriptedDialogs dialogs;
+    SetDialogs(&dialogs);
+    Defines.ProgramFolder = QString::fromLocal8Bit(argv[1]);
+    dialogs.ChooseFile(QString::fromLocal8Bit(argv[2]));
+    Program::Main();
+    VersionSelect* version = Program::VersionSelectForm();
+    if (!version) return 1;
+    Shoot(version, QStringLiteral("versionselect"));
+    version->Command1_Click();
+    // The splash is up for a moment only; its own rendering is saved as well.
+    Program::SplashForm()->grab().save(QDir(Out).filePath(QStringLiteral("splash-widget.png")));
+    Shoot(Program::SplashForm(), QStringLiteral("splash"));
+    Program::SplashForm()->Timer1_Timer();
+    MainForm* form = Program::MainWindow();
+    if (!form) return 1;
+    Shoot(form, QStringLiteral("main-first-map"));
+
+    if (GoToMapOfSize(form, 1, 1)) Shoot(form, QStringLiteral("map-1x1"));
+    if (GoToMapOfSize(form, 9, 6)) {
+        Shoot(form, QStringLiteral("map-9x6"));
+        form->View->HScroll->setValue(2);
+        Shoot(form, QStringLiteral("map-9x6-scrolled"));
+    }
+    if (GoToMapOfSize(form, 255, 255)) {
+        form->View->HScroll->setValue(124);
+        form->View->VScroll->setValue(125);
+        form->SideBlock_MouseDown(16 * 2, 1);
+        Shoot(form, QStringLiteral("map-255-middle-gridlines"));
+        form->mnuGridlines_Click();
+        Shoot(form, QStringLiteral("map-255-middle-no-gridlines"));
+        form->mnuGridlines_Click();
+    }
+    // Paint a few squares, then show the menus.
+    form->SideBlock_MouseDown(16 * 4, 1);
+    for (int i : {0, 16, 32, 128})
+        form->MapTile_MouseDown(i, 1);
+    form->BorderBlock_MouseDown(0, 1);
+    Shoot(form, QStringLiteral("painted"));
+    ShootMenu(form, form->mnuFile, QStringLiteral("menu-file"));
+    ShootMenu(form, form->mnuEdit, QStringLiteral("menu-edit"));
+    ShootMenu(form, form->mnuMode, QStringLiteral("menu-mode"));
+    ShootMenu(form, form->mnuOptions, QStringLiteral("menu-options"));
+    form->mnuAbout_Click();
+    Shoot(QApplication::activeWindow() ? QApplication::activeWindow() : form,
+          QStringLiteral("about"));
+    return 0;
+}
