@@ -81,10 +81,10 @@ int main(int argc, char** argv) {
     if (!version) return 1;
     Shoot(version, QStringLiteral("versionselect"));
     version->Command1_Click();
-    // The splash is up for a moment only; its own rendering is saved as well.
-    Program::SplashForm()->grab().save(QDir(Out).filePath(QStringLiteral("splash-widget.png")));
-    Shoot(Program::SplashForm(), QStringLiteral("splash"));
-    Program::SplashForm()->Timer1_Timer();
+    // The splash is up for a moment only, until its timer ticks: its own
+    // rendering is saved instead of the screen.
+    Program::SplashForm()->grab().save(QDir(Out).filePath(QStringLiteral("splash.png")));
+    Settle();
     MainForm* form = Program::MainWindow();
     if (!form) return 1;
     Shoot(form, QStringLiteral("main-first-map"));
