@@ -242,6 +242,7 @@ void MainForm::Command2_Click() {
         Dialogs().Beep();
         return;
     }
+    const bool hadChanges = MapChanged;
     if (MapChanged) {
         if (!Dialogs().Ask(DiscardQuestion)) return;
         MapChanged = false;
@@ -250,7 +251,10 @@ void MainForm::Command2_Click() {
     Defines.CurMap = static_cast<std::int16_t>(
         Defines.CategoryTable[Defines.CurCategory][CatFirstMap].ToInt16() + row);
     if (!LoadMap()) {
+        // The map on the screen stays, and so do its unsaved changes: they
+        // must still be asked about before they are lost.
         Defines.CurMap = previous;
+        MapChanged = hadChanges;
         return;
     }
     DrawSideBlocks();

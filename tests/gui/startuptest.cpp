@@ -136,11 +136,23 @@ TEST_F(StartupTest, AMapOutsideTheRomIsToldAndTheWindowStaysUsable) {
 TEST_F(StartupTest, AVanishedRomIsToldOnGoAndTheLoadedMapStays) {
     MainForm* form = StartUp(TwoTilesetProject());
     ASSERT_NE(form, nullptr);
+    PressCell(form->View->MapTile, 0);
+    const std::int16_t painted = Defines.MapGrid[1][1];
     QFile::remove(Defines.RomPath);
+    Script.AnswerYes();  // discard the changes and go
     GoTo(form, 0, 1);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_EQ(Defines.CurMap, 0);
     EXPECT_EQ(Defines.MapWidth, 10);
+    // The go did not happen, so the painted square is still unsaved work: the
+    // window still knows of it and can undo it, and leaving asks about it.
+    EXPECT_EQ(Defines.MapGrid[1][1], painted);
+    EXPECT_TRUE(form->MapChanged);
+    EXPECT_TRUE(form->mnuUndo->isEnabled());
+    EXPECT_EQ(form->Undo.UndoCount(), 1);
+    Script.AnswerNo();  // stay
+    form->mnuExit->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("Exit without saving the changes you have made?")), 1);
 }
 
 TEST_F(StartupTest, FileOpenRunsStartUpAgainWithTheEarlierVersionChosen) {
