@@ -80,8 +80,9 @@ static void BM_SaveMap255(benchmark::State& state) {
     QString error;
     ReadMap(folder.Map(), loaded, error);
     for (auto _ : state) {
-        const bool saved = SaveToRom(folder.RomPath(), QString(), Backup::Skip,
-                                     [&](RomFile& rom) { WriteMap(rom, loaded); });
+        const bool saved = SaveToRom(folder.RomPath(), QString(), Backup::Skip, [&](RomFile& rom) {
+            WriteMap(rom, loaded, loaded.BorderNum);
+        });
         if (!saved) state.SkipWithError("save failed");
     }
 }

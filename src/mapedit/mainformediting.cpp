@@ -47,8 +47,7 @@ void MainForm::Scroll_Change(int) {
 void MainForm::SideBlock_MouseDown(int index, int) {
     const int slot = index / Limits::TilesPerBlock;
     SelBorder->SetTop(PaletteTop + BlockTwips * slot);
-    CurBlock = static_cast<std::int16_t>(Scroll->value() + slot);
-    DrawSideBlocks();
+    DrawSideBlocks();  // CurBlock follows from the frame and the scroll value
 }
 
 void MainForm::BringOnPalette(int block) {
@@ -58,14 +57,20 @@ void MainForm::BringOnPalette(int block) {
         Dialogs().Beep();
         return;
     }
+    // Blocks near the end of the tileset go to the bottom slot, the others to
+    // the top slot.
     int scroll = block;
-    if (block >= Defines.BlockCount - 6) scroll = block - (Limits::PaletteSlots - 1);
+    if (block >= Defines.BlockCount - Limits::PaletteSlots)
+        scroll = block - (Limits::PaletteSlots - 1);
     // A small tileset cannot scroll as far as the rule asks; the frame then
     // goes to the slot where the block stands.
     scroll = std::clamp(scroll, Scroll->minimum(), Scroll->maximum());
     SelBorder->SetTop(PaletteTop + BlockTwips * (block - scroll));
-    Scroll->setValue(scroll);
-    DrawSideBlocks();
+    // A change of the scroll value redraws the palette by itself.
+    if (Scroll->value() != scroll)
+        Scroll->setValue(scroll);
+    else
+        DrawSideBlocks();
 }
 
 void MainForm::MapTile_MouseDown(int index, int button) {
@@ -87,7 +92,6 @@ void MainForm::MapTile_MouseDown(int index, int button) {
 void MainForm::BorderBlock_MouseDown(int, int button) {
     if (button == LeftButton) {
         BorderNum = CurBlock;
-        Loaded_.BorderNum = BorderNum;
         DrawSideBlocks();
         MapChanged = true;
     } else if (button == RightButton) {
@@ -104,10 +108,9 @@ void MainForm::mnuUndo_Click() {
 }
 
 void MainForm::WriteMapTo(const QString& romPath, bool offerBackup) {
-    Loaded_.BorderNum = BorderNum;
     const bool saved =
         SaveToRom(romPath, Defines.ProgramFolder, offerBackup ? Backup::Offer : Backup::Skip,
-                  [this](RomFile& rom) { WriteMap(rom, Loaded_); });
+                  [this](RomFile& rom) { WriteMap(rom, Loaded_, BorderNum); });
     if (!saved) return;
     DrawSideBlocks();
     Dialogs().Inform(QStringLiteral("Your changes to the map have been saved!"));
