@@ -60,7 +60,7 @@ QRect CellArray::CellRect(int index) const {
 }
 
 QPoint CellArray::CellCentre(int index) const {
-    return CellRect(index).topLeft() + QPoint(8, 8);
+    return CellRect(index).center();
 }
 
 int CellArray::IndexAt(int column, int row) const {

@@ -28,6 +28,8 @@ public:
 
     // Left and top of a cell relative to slot 0, in twips.
     QPoint CellOffsetTwips(int index) const;
+    // The square a cell covers in this widget's pixels.
+    QRect CellRect(int index) const;
     // The centre of a cell in this widget's pixels, for presses in tests.
     QPoint CellCentre(int index) const;
     // The visible cell under a point of this widget, or -1.
@@ -46,7 +48,6 @@ private:
         const QPixmap* Picture = nullptr;
         bool Visible = true;
     };
-    QRect CellRect(int index) const;
     int IndexAt(int column, int row) const;
 
     int SlotsAcross_;

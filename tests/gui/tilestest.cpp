@@ -68,3 +68,47 @@ TEST(CellArrayTest, PressesDecodeToTheCellUnderThePointerAndNeverWrap) {
     QTest::mousePress(&cells, Qt::LeftButton, Qt::NoModifier, QPoint(17, 0));  // hidden cell
     EXPECT_EQ(spy.count(), 1);
 }
+
+// What the widget puts on the screen: each visible cell shows its picture
+// unscaled at its place, a hidden cell or one without a picture shows the
+// background, and a changed picture shows at the next paint.
+TEST(CellArrayTest, PaintsEachVisibleCellsPictureAtItsPlace) {
+    QTemporaryDir dir;
+    ASSERT_TRUE(IndexTileBank().save(dir.filePath(QStringLiteral("Tiles.png"))));
+    QString error;
+    ASSERT_TRUE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Tiles.png")), error));
+    QWidget parent;
+    parent.setAutoFillBackground(true);
+    QPalette palette = parent.palette();
+    palette.setColor(QPalette::Window, QColor(1, 2, 3));
+    parent.setPalette(palette);
+    CellArray cells(&parent, 2, 2, 255);
+    parent.resize(cells.size());
+    for (int i = 0; i < cells.Count(); ++i)
+        cells.SetPicture(i, TilePicture(i));
+    cells.SetCellVisible(5, false);
+    cells.SetPicture(6, nullptr);
+    const auto colourOf = [](int index) { return qRgb(index % 256, index / 256, 7); };
+
+    QImage shot = parent.grab().toImage();
+    for (int i : {0, 3, 4, 15, 16, 17, 63}) {
+        SCOPED_TRACE(i);
+        const QRect rect = cells.CellRect(i);
+        EXPECT_EQ(rect.size(), QSize(17, 17));
+        // The picture's 16 x 16 pixels, from the cell's top left corner.
+        EXPECT_EQ(shot.pixel(rect.topLeft()), colourOf(i));
+        EXPECT_EQ(shot.pixel(rect.topLeft() + QPoint(15, 15)), colourOf(i));
+    }
+    const QRgb background = qRgb(1, 2, 3);
+    EXPECT_EQ(shot.pixel(cells.CellRect(5).topLeft() + QPoint(4, 4)), background);
+    EXPECT_EQ(shot.pixel(cells.CellRect(6).topLeft() + QPoint(4, 4)), background);
+    // Slot 1 lies to the right of slot 0, slot 2 below it.
+    EXPECT_EQ(cells.CellRect(16).topLeft(), QPoint(64, 0));
+    EXPECT_EQ(cells.CellRect(32).topLeft(), QPoint(0, 64));
+
+    cells.SetPicture(17, TilePicture(400));
+    cells.SetCellVisible(5, true);
+    shot = parent.grab().toImage();
+    EXPECT_EQ(shot.pixel(cells.CellRect(17).topLeft() + QPoint(8, 8)), colourOf(400));
+    EXPECT_EQ(shot.pixel(cells.CellRect(5).topLeft() + QPoint(8, 8)), colourOf(5));
+}
