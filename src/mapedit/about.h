@@ -16,5 +16,5 @@ public:
     QLabel* Credits;
     QPushButton* Command1;
 
-    void Command1_Click() { CloseForm(); }
+    void Command1_Click() { Unload(); }
 };

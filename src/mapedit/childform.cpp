@@ -3,10 +3,6 @@
 #include "core/startup/program.h"
 #include "mapedit/mainform.h"
 
-void ChildForm::CloseForm() {
-    Unload();
-}
-
 void ChildForm::Form_Unload(bool& Cancel) {
     Cancel = false;
     hide();

@@ -6,10 +6,6 @@
 // Closing it brings the main window back and activates it.
 class ChildForm : public Form {
     Q_OBJECT
-public:
-    // Closes the window as its own close button does.
-    void CloseForm();
-
 protected:
     void Form_Unload(bool& Cancel) override;
 };

@@ -63,11 +63,8 @@ void Form::HideForm() {
 }
 
 bool Form::Unload() {
-    bool cancel = false;
-    Form_Unload(cancel);
-    if (cancel) return false;
-    hide();
-    return true;
+    // The same path as the window's own close button: closeEvent asks Form_Unload.
+    return close();
 }
 
 void Form::closeEvent(QCloseEvent* event) {

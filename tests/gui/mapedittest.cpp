@@ -4,6 +4,7 @@
 
 #include "core/defines.h"
 #include "core/startup/program.h"
+#include "mapedit/about.h"
 #include "mapview/compose.h"
 #include "mapview/tiles.h"
 #include "rom/rombackup.h"
@@ -366,7 +367,6 @@ TEST_F(MapEditTest, ModeCommandsHideTheMainWindowUntilTheChildCloses) {
         SCOPED_TRACE(e.caption.toStdString());
         e.action->trigger();
         EXPECT_FALSE(form->isVisible());
-        QWidget* child = QApplication::activeWindow();
         QWidget* shown = nullptr;
         for (QWidget* w : QApplication::topLevelWidgets())
             if (w->isVisible()) {
@@ -374,11 +374,22 @@ TEST_F(MapEditTest, ModeCommandsHideTheMainWindowUntilTheChildCloses) {
                 shown = w;
             }
         ASSERT_NE(shown, nullptr);
-        (void)child;
         EXPECT_EQ(shown->windowTitle(), e.caption);
         shown->close();
         EXPECT_TRUE(form->isVisible());
+        EXPECT_FALSE(shown->isVisible());
     }
+    // About's own button closes it the same way.
+    form->mnuAbout->trigger();
+    About* about = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* a = qobject_cast<About*>(w); a && a->isVisible()) about = a;
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->Command1->text(), QStringLiteral("^_^"));
+    EXPECT_EQ(about->Label1->text(), QStringLiteral("Tarnwey Version 1.2"));
+    QTest::mouseClick(about->Command1, Qt::LeftButton);
+    EXPECT_FALSE(about->isVisible());
+    EXPECT_TRUE(form->isVisible());
     EXPECT_TRUE(form->MapChanged);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
 }
