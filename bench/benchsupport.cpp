@@ -6,8 +6,8 @@
 #include "core/startup/versionselect.h"
 
 namespace {
-SmallProject BigProject() {
-    SmallProject project(1024 * 1024);
+Fixture::SmallProject BigProject() {
+    Fixture::SmallProject project(1024 * 1024);
     project.AddTileset(255, 0, 0, [](int b, int t) { return (b + t) % 94; });
     const int cat = project.AddCategory(QStringLiteral("Big"), 0);
     project.AddMap(cat, QStringLiteral("Wilds"), 255, 255, 0,

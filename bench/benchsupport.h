@@ -2,8 +2,8 @@
 
 #include <QTemporaryDir>
 
+#include "fixture/smallproject.h"
 #include "mapedit/mainform.h"
-#include "support/smallproject.h"
 #include "ui/scripteddialogs.h"
 
 // A program folder with a 255 x 255 map on a tileset of 256 blocks, and the
@@ -16,11 +16,11 @@ public:
     int Map() const { return 0; }
     // Starts the program on the folder and returns the main window.
     MainForm* StartUp();
-    const SmallProject& Project() const { return Project_; }
+    const Fixture::SmallProject& Project() const { return Project_; }
 
 private:
     QTemporaryDir Dir_;
-    SmallProject Project_;
+    Fixture::SmallProject Project_;
     QString RomPath_;
     ScriptedDialogs Script_;
 };

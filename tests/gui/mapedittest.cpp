@@ -15,8 +15,8 @@ const QString SavedMessage = QStringLiteral("Your changes to the map have been s
 
 // A tileset of 21 blocks (BlockCount 20) with bias 2, and maps on it: one
 // with a border byte of 0 and a square of byte 0, one without object data.
-SmallProject EditProject() {
-    SmallProject project;
+Fixture::SmallProject EditProject() {
+    Fixture::SmallProject project;
     project.AddTileset(20, 2);
     project.AddTileset(7, 0);
     const int cat = project.AddCategory(QStringLiteral("Edit"), 0);
@@ -73,7 +73,7 @@ TEST_F(MapEditTest, PaletteShowsSixBlocksAndTheHexOfTheSelection) {
 }
 
 TEST_F(MapEditTest, PickingUpBringsTheBlockToTheTopOrBottomSlot) {
-    SmallProject project = EditProject();
+    Fixture::SmallProject project = EditProject();
     const int cat = 0;
     project.AddMap(cat, QStringLiteral("Picks"), 3, 1, 0, [](int x, int) {
         return x == 1 ? 13 : x == 2 ? 14 : 20;
@@ -175,7 +175,7 @@ TEST_F(MapEditTest, BorderBlockPaintsAndPicksUp) {
 }
 
 TEST_F(MapEditTest, SaveWritesOnlyTheBorderByteAndTheGrid) {
-    const SmallProject project = EditProject();
+    const Fixture::SmallProject project = EditProject();
     MainForm* form = StartUp(project);
     ASSERT_NE(form, nullptr);
     const QByteArray before = ReadFile(Defines.RomPath);
@@ -209,7 +209,7 @@ TEST_F(MapEditTest, SaveWritesOnlyTheBorderByteAndTheGrid) {
 }
 
 TEST_F(MapEditTest, SaveOfAMapWithoutObjectDataWritesPositionOneBackUnchanged) {
-    const SmallProject project = EditProject();
+    const Fixture::SmallProject project = EditProject();
     MainForm* form = StartUp(project);
     ASSERT_NE(form, nullptr);
     GoTo(form, 0, 1);
@@ -267,7 +267,7 @@ TEST_F(MapEditTest, AFailedBackupStepWritesNothingAndSaysWhere) {
 }
 
 TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
-    const SmallProject project = EditProject();
+    const Fixture::SmallProject project = EditProject();
     MainForm* form = StartUp(project);
     ASSERT_NE(form, nullptr);
     const QString first = Defines.RomPath;
@@ -311,7 +311,7 @@ TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
 }
 
 TEST_F(MapEditTest, SaveAsOntoTheOpenFileKeepsItsBytes) {
-    const SmallProject project = EditProject();
+    const Fixture::SmallProject project = EditProject();
     MainForm* form = StartUp(project);
     ASSERT_NE(form, nullptr);
     const QByteArray before = ReadFile(Defines.RomPath);

@@ -8,8 +8,8 @@
 namespace {
 // Maps of every width and height from 1 to 9, with a block number that tells
 // the square: block = (x + 3 * y) % 21.
-SmallProject SizesProject() {
-    SmallProject project(256 * 1024);
+Fixture::SmallProject SizesProject() {
+    Fixture::SmallProject project(256 * 1024);
     project.AddTileset(20, 2, 0);
     const int sizes = project.AddCategory(QStringLiteral("Sizes"), 0);
     for (int n = 1; n <= 9; ++n)
@@ -165,7 +165,7 @@ TEST_F(MapViewTest, HiddenSlotsOfASmallMapTakeNoPress) {
 }
 
 TEST_F(MapViewTest, EachCellShowsTheBankPictureOfItsTileNumber) {
-    SmallProject project;
+    Fixture::SmallProject project;
     // Block 0 holds the tile numbers 0 to 15; block 1 holds 95 and 96 of a
     // tileset based at 424, the last picture of the bank and one past it.
     project.AddTileset(3, 0, 0, [](int b, int t) { return b == 0 ? t : 7; });
@@ -195,7 +195,7 @@ TEST_F(MapViewTest, EachCellShowsTheBankPictureOfItsTileNumber) {
 }
 
 TEST_F(MapViewTest, BlockNumbersOutsideTheTableDrawTheNoPictureCell) {
-    SmallProject project;
+    Fixture::SmallProject project;
     project.AddTileset(7, 10, 0);
     const int cat = project.AddCategory(QStringLiteral("Odd"), 0);
     // Grid bytes 3 (below the bias 10) and 255 (block 245, past the last block).

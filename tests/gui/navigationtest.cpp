@@ -6,8 +6,8 @@
 namespace {
 // Three categories: one of maps with every combination of editor data, one
 // with no maps, one more.
-SmallProject NavigationProject() {
-    SmallProject project;
+Fixture::SmallProject NavigationProject() {
+    Fixture::SmallProject project;
     project.AddTileset(20, 0);
     const int places = project.AddCategory(QStringLiteral("Places"), 0);
     const int full =

@@ -5,12 +5,13 @@
 #include "core/startup/program.h"
 #include "core/startup/splash.h"
 #include "core/startup/versionselect.h"
+#include "fixture/tilesetfile.h"
 #include "support/apptest.h"
 
 namespace {
 // Two tilesets whose blocks lie at different places, and a map on the first.
-SmallProject TwoTilesetProject() {
-    SmallProject project;
+Fixture::SmallProject TwoTilesetProject() {
+    Fixture::SmallProject project;
     project.AddTileset(20, 0);
     project.AddTileset(20, 0, 0, [](int b, int t) { return (b + t + 50) % 94; });
     const int towns = project.AddCategory(QStringLiteral("Towns"), 0);
@@ -40,7 +41,7 @@ TEST_F(StartupTest, CancellingTheFirstDialogEndsWithNoWindowAndNoFile) {
 }
 
 TEST_F(StartupTest, StartUpFillsTheListsAndLoadsTheFirstMap) {
-    const SmallProject project = TwoTilesetProject();
+    const Fixture::SmallProject project = TwoTilesetProject();
     const QString rom = project.Write(Folder());
     Script.ChooseFile(rom);
     Program::Main();
@@ -84,7 +85,7 @@ TEST_F(StartupTest, StartUpFillsTheListsAndLoadsTheFirstMap) {
 }
 
 TEST_F(StartupTest, TheBlueVersionReadsItsOwnTilesetFile) {
-    SmallProject project = TwoTilesetProject();
+    Fixture::SmallProject project = TwoTilesetProject();
     const QString rom = project.Write(Folder());
     // Make the Blue tileset file name the second tileset's blocks as tileset 0.
     std::vector<Fixture::TilesetRow> blue = {project.Tilesets[1], project.Tilesets[0]};
@@ -118,7 +119,7 @@ TEST_F(StartupTest, ADamagedTilesetFileIsNamedAndEndsTheProgram) {
 }
 
 TEST_F(StartupTest, AMapOutsideTheRomIsToldAndTheWindowStaysUsable) {
-    SmallProject project = TwoTilesetProject();
+    Fixture::SmallProject project = TwoTilesetProject();
     project.Map(0).GridPos = 64 * 1024 - 10;  // 70 squares from 10 bytes before the end
     MainForm* form = StartUp(project);
     ASSERT_NE(form, nullptr);

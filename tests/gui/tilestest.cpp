@@ -5,8 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "fixture/smallproject.h"
 #include "mapview/tiles.h"
-#include "support/smallproject.h"
 #include "ui/cellarray.h"
 
 TEST(TileBankTest, AMissingOrTooSmallBankIsNamedAndLeavesTheBankAsItWas) {
@@ -31,7 +31,7 @@ TEST(TileBankTest, AMissingOrTooSmallBankIsNamedAndLeavesTheBankAsItWas) {
 
 TEST(TileBankTest, PicturesAreCutFromTheAtlasByIndex) {
     QTemporaryDir dir;
-    const QImage atlas = IndexTileBank();
+    const QImage atlas = Fixture::IndexTileBank();
     ASSERT_TRUE(atlas.save(dir.filePath(QStringLiteral("Tiles.png"))));
     QString error;
     ASSERT_TRUE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Tiles.png")), error));
@@ -74,7 +74,7 @@ TEST(CellArrayTest, PressesDecodeToTheCellUnderThePointerAndNeverWrap) {
 // background, and a changed picture shows at the next paint.
 TEST(CellArrayTest, PaintsEachVisibleCellsPictureAtItsPlace) {
     QTemporaryDir dir;
-    ASSERT_TRUE(IndexTileBank().save(dir.filePath(QStringLiteral("Tiles.png"))));
+    ASSERT_TRUE(Fixture::IndexTileBank().save(dir.filePath(QStringLiteral("Tiles.png"))));
     QString error;
     ASSERT_TRUE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Tiles.png")), error));
     QWidget parent;

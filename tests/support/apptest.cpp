@@ -42,7 +42,7 @@ MainForm* AppTest::StartUp(const QString& romPath, int versionRow) {
     return Program::MainWindow();
 }
 
-MainForm* AppTest::StartUp(const SmallProject& project) {
+MainForm* AppTest::StartUp(const Fixture::SmallProject& project) {
     return StartUp(project.Write(Folder()));
 }
 

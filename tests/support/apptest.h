@@ -5,8 +5,8 @@
 #include <QByteArray>
 #include <QTemporaryDir>
 
+#include "fixture/smallproject.h"
 #include "mapedit/mainform.h"
-#include "support/smallproject.h"
 #include "ui/scripteddialogs.h"
 
 // A test that runs the program in a fresh program folder of its own, with
@@ -25,7 +25,7 @@ protected:
     MainForm* StartUp(const QString& romPath, int versionRow = 0);
 
     // Writes the project into the folder and starts up on its ROM.
-    MainForm* StartUp(const SmallProject& project);
+    MainForm* StartUp(const Fixture::SmallProject& project);
 
     // Chooses a category and a map with mouse presses on the lists, then
     // presses "Go".
