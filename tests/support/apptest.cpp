@@ -43,7 +43,12 @@ MainForm* AppTest::StartUp(const QString& romPath, int versionRow) {
 }
 
 MainForm* AppTest::StartUp(const Fixture::SmallProject& project) {
-    return StartUp(project.Write(Folder()));
+    const QString rom = project.Write(Folder());
+    if (rom.isEmpty()) {
+        ADD_FAILURE() << "the test's program folder could not be written";
+        return nullptr;
+    }
+    return StartUp(rom);
 }
 
 void AppTest::GoTo(MainForm* form, int category, int mapRow) {
