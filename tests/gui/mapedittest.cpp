@@ -393,3 +393,59 @@ TEST_F(MapEditTest, ModeCommandsHideTheMainWindowUntilTheChildCloses) {
     EXPECT_TRUE(form->MapChanged);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
 }
+
+// The menu bar in order, separators included, with captions, shortcuts and
+// the state each entry has when the window first shows.
+TEST_F(MapEditTest, MenuBarAndWindowSizeAreAsTheUserFirstSeesThem) {
+    MainForm* form = StartUp(EditProject());
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->Client()->size(), QSize(633, 521));
+    EXPECT_EQ(form->minimumSize(), form->maximumSize());
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Tarnwey"));
+
+    struct Entry {
+        QString caption;  // empty for a separator
+        QKeySequence shortcut;
+        bool enabled = true;
+    };
+    const auto sequence = [](QKeyCombination keys) { return QKeySequence(keys); };
+    const std::vector<std::pair<QString, std::vector<Entry>>> expected = {
+        {QStringLiteral("&File"),
+         {{QStringLiteral("&Open"), sequence(Qt::CTRL | Qt::Key_O)},
+          {},
+          {QStringLiteral("&Save"), sequence(Qt::CTRL | Qt::Key_S)},
+          {QStringLiteral("Save &As"), {}},
+          {},
+          {QStringLiteral("&Exit"), {}}}},
+        {QStringLiteral("&Edit"),
+         {{QStringLiteral("&Undo"), sequence(Qt::CTRL | Qt::Key_Z), false}}},
+        {QStringLiteral("&Mode"),
+         {{QStringLiteral("Building Block Editor"), sequence(Qt::CTRL | Qt::Key_B)},
+          {},
+          {QStringLiteral("Wild &Morlick Editor"), sequence(Qt::CTRL | Qt::Key_P), false},
+          {QStringLiteral("&Warp Editor"), sequence(Qt::CTRL | Qt::Key_W)},
+          {QStringLiteral("E&vent Editor"), sequence(Qt::CTRL | Qt::Key_E)}}},
+        {QStringLiteral("&Options"),
+         {{QStringLiteral("Display &Gridlines"), sequence(Qt::CTRL | Qt::Key_G)}}},
+        {QStringLiteral("&Help"),
+         {{QStringLiteral("&About"), sequence(QKeyCombination(Qt::Key_F1))}}},
+    };
+    const QList<QAction*> menus = form->MenuBar()->actions();
+    ASSERT_EQ(menus.size(), static_cast<qsizetype>(expected.size()));
+    for (size_t m = 0; m < expected.size(); ++m) {
+        SCOPED_TRACE(expected[m].first.toStdString());
+        EXPECT_EQ(menus[m]->text(), expected[m].first);
+        const QList<QAction*> entries = menus[m]->menu()->actions();
+        ASSERT_EQ(entries.size(), static_cast<qsizetype>(expected[m].second.size()));
+        for (qsizetype e = 0; e < entries.size(); ++e) {
+            const Entry& want = expected[m].second[static_cast<size_t>(e)];
+            EXPECT_EQ(entries[e]->isSeparator(), want.caption.isEmpty()) << e;
+            if (want.caption.isEmpty()) continue;
+            EXPECT_EQ(entries[e]->text(), want.caption);
+            EXPECT_EQ(entries[e]->shortcut(), want.shortcut) << want.caption.toStdString();
+            EXPECT_EQ(entries[e]->isEnabled(), want.enabled) << want.caption.toStdString();
+        }
+    }
+    EXPECT_TRUE(form->mnuGridlines->isCheckable());
+    EXPECT_TRUE(form->mnuGridlines->isChecked());
+}

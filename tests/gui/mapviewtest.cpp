@@ -199,8 +199,9 @@ TEST_F(MapViewTest, BlockNumbersOutsideTheTableDrawTheNoPictureCell) {
     project.AddTileset(7, 10, 0);
     const int cat = project.AddCategory(QStringLiteral("Odd"), 0);
     // Grid bytes 3 (below the bias 10) and 255 (block 245, past the last block).
-    project.AddMap(cat, QStringLiteral("Odd bytes"), 2, 1, 0,
-                   [](int x, int) { return x == 1 ? 3 - 10 : 245; });
+    project.AddMap(
+        cat, QStringLiteral("Odd bytes"), 2, 1, 0, [](int x, int) { return x == 1 ? 3 - 10 : 245; },
+        1 - 10);
     MainForm* form = StartUp(project);
     ASSERT_NE(form, nullptr);
     EXPECT_EQ(Defines.MapGrid[1][1], -7);
@@ -213,4 +214,12 @@ TEST_F(MapViewTest, BlockNumbersOutsideTheTableDrawTheNoPictureCell) {
     PressCell(form->View->MapTile, 0, Qt::RightButton);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Beep), 1);
     EXPECT_EQ(form->CurBlock, curBlock);
+    EXPECT_EQ(form->BorderNum, -9);
+    EXPECT_EQ(form->BorderBlock->Picture(0), Tiles::Bank().NoPicture());
+    // A save gives every odd byte back as it was read: the file stays the same.
+    const QByteArray before = ReadFile(Defines.RomPath);
+    Script.AnswerNo();  // no backup
+    form->mnuSave->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("Your changes to the map have been saved!")), 1);
+    EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
