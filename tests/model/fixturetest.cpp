@@ -5,8 +5,14 @@
 #include <QTemporaryDir>
 
 #include "core/tables.h"
+#include "files.h"
+#include "fixture/blockdata.h"
+#include "fixture/cartridge.h"
+#include "fixture/datafilenames.h"
+#include "fixture/eventrecord.h"
 #include "fixture/mapgrid.h"
 #include "fixture/mapsfile.h"
+#include "fixture/project.h"
 #include "fixture/romimage.h"
 #include "fixture/tilesetfile.h"
 #include "fixture/warpdata.h"
@@ -29,7 +35,12 @@ TEST(Fixture, RomImageKeepsEveryByteInsideAndDropsTheRest) {
     EXPECT_EQ(static_cast<quint8>(rom.Bytes()[0]), 0x11);
     EXPECT_EQ(rom.At(31), 0x44);
     EXPECT_EQ(rom.At(32), 0x55);
-    EXPECT_EQ(rom.At(2), 0xEE);
+    // Nothing else moved: no byte wrapped round to the start, none went astray.
+    QByteArray want(32, '\xEE');
+    want[0] = '\x11';
+    want[30] = '\x44';
+    want[31] = '\x55';
+    EXPECT_EQ(rom.Bytes(), want);
     EXPECT_EQ(rom.At(0), 0);
     EXPECT_EQ(rom.At(33), 0);
     EXPECT_TRUE(rom.Holds(1, 32));
@@ -91,17 +102,22 @@ TEST(Fixture, DataFilesReadBackThroughTheProgramsReaders) {
     a.Tileset = 2;
     a.WarpToPos = 0xFFFFFF;
     a.PlacementFix = -1;
+    a.Field4 = QStringLiteral("four, \"4\"");
+    a.Field6 = QStringLiteral("six");
     a.WarpsOk = false;
     a.WarpToCount = 7;
     a.XShift = -4;
     a.YShift = 4;
     a.WildPos = 0x10000;
-    a.EventsOk = false;
+    a.EventsOk = true;
     Fixture::MapRow b = a;
     b.Name = QStringLiteral("Second");
     b.Note.clear();
+    b.Field4.clear();
+    b.Field6.clear();
+    // The two flags differ within each map, so swapped columns show.
     b.WarpsOk = true;
-    b.EventsOk = true;
+    b.EventsOk = false;
     b.PlacementFix = 0;
     const std::vector<Fixture::Category> categories = {
         {QStringLiteral("Towns, old"), 0, {a, b}},
@@ -143,16 +159,20 @@ TEST(Fixture, DataFilesReadBackThroughTheProgramsReaders) {
     EXPECT_TRUE(tilesetTable[3][TilesetField0].IsEmpty());
 
     ASSERT_EQ(categoryCount, 2);
-    EXPECT_EQ(categoryTable[0][CatName].ToText(), QStringLiteral("Towns, old"));
-    EXPECT_EQ(categoryTable[1][CatMapCount].ToInt16(), 0);
-    EXPECT_EQ(categoryTable[1][CatFirstMap].ToInt16(), 5);
-    EXPECT_EQ(categoryTable[2][CatFirstMap].ToInt16(), 255);
+    for (int i = 0; i < 3; ++i) {
+        SCOPED_TRACE(i);
+        const auto& want = categories[static_cast<size_t>(i)];
+        EXPECT_EQ(categoryTable[i][CatName].ToText(), want.Name);
+        EXPECT_EQ(categoryTable[i][CatFirstMap].ToInt16(), want.FirstMap);
+        EXPECT_EQ(categoryTable[i][CatMapCount].ToInt16(), static_cast<int>(want.Maps.size()));
+    }
     const auto expectRow = [](const auto& row, const Fixture::MapRow& want) {
         SCOPED_TRACE(want.Name.toStdString());
         EXPECT_EQ(row[MapField0].ToText(), want.Field0);
         EXPECT_EQ(row[MapName].ToText(), want.Name);
         EXPECT_EQ(row[MapGridPos].ToInt32(), want.GridPos);
         EXPECT_EQ(row[MapObjectPos].ToInt32(), want.ObjectPos);
+        EXPECT_EQ(row[MapField6].ToText(), want.Field6);
         EXPECT_EQ(row[MapRows].ToInt16(), want.Rows);
         EXPECT_EQ(row[MapCols].ToInt16(), want.Cols);
         EXPECT_EQ(row[MapTileset].ToInt16(), want.Tileset);
@@ -171,6 +191,8 @@ TEST(Fixture, DataFilesReadBackThroughTheProgramsReaders) {
     // A double quote cannot stand inside a quoted field; the writer keeps the
     // text whole with single quotes instead of cutting the record short.
     EXPECT_EQ(mapTable[0][MapNote].ToText(), QStringLiteral("Says 'hello', then leaves"));
+    EXPECT_EQ(mapTable[0][MapField4].ToText(), QStringLiteral("four, '4'"));
+    EXPECT_TRUE(mapTable[1][MapField4].IsEmpty());
     EXPECT_TRUE(mapTable[2][MapName].IsEmpty());
 }
 
@@ -204,4 +226,105 @@ TEST(Fixture, RomAreasHaveTheByteLayoutTheEditorReads) {
     ASSERT_EQ(wild.size(), 20);
     EXPECT_EQ(wild.left(2), QByteArray("\x03\x2A", 2));
     EXPECT_EQ(wild.right(2), QByteArray("\x32\xFF", 2));
+}
+
+TEST(Fixture, BlocksAndEventRecordsHaveTheirStatedBytes) {
+    // Blocks: 16 tile numbers each in reading order, block 0 first, no gap.
+    Fixture::BlockDef first{};
+    for (int i = 0; i < 16; ++i)
+        first[static_cast<size_t>(i)] = static_cast<quint8>(i + 1);
+    const QByteArray blocks = Fixture::BlockBytes({first, Fixture::UniformBlock(0x7F)});
+    ASSERT_EQ(blocks.size(), 32);
+    EXPECT_EQ(blocks.left(4), QByteArray("\x01\x02\x03\x04", 4));  // top row
+    EXPECT_EQ(blocks.at(15), '\x10');                              // bottom right
+    EXPECT_EQ(blocks.mid(16), QByteArray(16, '\x7F'));
+    Fixture::RomImage rom(40, 0);
+    EXPECT_TRUE(Fixture::PutBlocks(rom, 9, {first}));
+    EXPECT_EQ(rom.At(8), 0);
+    EXPECT_EQ(rom.At(9), 1);
+    EXPECT_EQ(rom.At(24), 16);
+    EXPECT_FALSE(Fixture::PutBlocks(rom, 10, {first, first}));  // 2 bytes too long
+
+    // An event record: all 0 but y and x, each with its own bias (y takes
+    // Bias1, x takes Bias2), kept to a byte.
+    Fixture::EventType type;
+    type.RecordSize = 6;
+    type.Bias1 = 4;
+    type.Bias2 = 250;
+    type.YField = 2;
+    type.XField = 3;
+    QByteArray record = Fixture::EventRecord(type, 9, 1);
+    EXPECT_EQ(record, QByteArray("\x00\x05\x03\x00\x00\x00", 6));
+    Fixture::SetEventField(record, 6, 0x1AB);  // the last byte of the record
+    Fixture::SetEventField(record, 1, 0xC0);   // the first
+    const QByteArray before = record;
+    Fixture::SetEventField(record, 0, 0x55);  // the type has no such field
+    Fixture::SetEventField(record, 7, 0x55);  // past the record
+    EXPECT_EQ(record, before);
+    EXPECT_EQ(record, QByteArray("\xC0\x05\x03\x00\x00\xAB", 6));
+
+    // Placement values: one block to the right is one more, the correction is
+    // added as it is, and the value stays within 16 bits.
+    const int base = Fixture::EventPlacement(20, 3, 2, 0);
+    EXPECT_EQ(Fixture::EventPlacement(20, 4, 2, 0), base + 1);
+    EXPECT_EQ(Fixture::EventPlacement(20, 3, 2, -1), base - 1);
+    EXPECT_GT(Fixture::EventPlacement(20, 3, 3, 0), base + 20);  // rows are wider than the map
+    const int far = Fixture::EventPlacement(255, 254, 255, 0);
+    EXPECT_GE(far, 0);
+    EXPECT_LE(far, 0xFFFF);
+}
+
+TEST(Fixture, ChecksumAndProjectFolder) {
+    // The file checksum sums every byte but its own two and stores the sum high
+    // byte first at offsets 0x14E and 0x14F, so finishing twice changes nothing.
+    Fixture::RomImage rom(0x8000, 0);
+    Fixture::FillWithFiller(rom, 7);
+    Fixture::PutCartridgeHeader(rom, QStringLiteral("FERNHOLLOW"));
+    Fixture::FinishChecksum(rom);
+    quint16 sum = 0;
+    for (int p = 1; p <= rom.Size(); ++p)
+        if (p != 0x14F && p != 0x150) sum = static_cast<quint16>(sum + rom.At(p));
+    EXPECT_EQ(rom.At(0x14F), sum >> 8);
+    EXPECT_EQ(rom.At(0x150), sum & 0xFF);
+    const QByteArray finished = rom.Bytes();
+    Fixture::FinishChecksum(rom);
+    EXPECT_EQ(rom.Bytes(), finished);
+    EXPECT_EQ(rom.Bytes().mid(0x134, 11), QByteArray("FERNHOLLOW\0", 11));
+    // The same seed gives the same filler, another seed other bytes; the
+    // header leaves the bytes before 0x100 alone.
+    Fixture::RomImage same(0x8000, 0);
+    Fixture::FillWithFiller(same, 7);
+    EXPECT_EQ(same.Bytes().left(0x100), rom.Bytes().left(0x100));
+    Fixture::RomImage other(0x8000, 0);
+    Fixture::FillWithFiller(other, 8);
+    EXPECT_NE(other.Bytes(), same.Bytes());
+
+    // A project goes into a folder that does not exist yet; each text file
+    // holds exactly its text, and an empty ROM or a null picture is left out.
+    QTemporaryDir dir;
+    const QString folder = dir.filePath(QStringLiteral("deep/program"));
+    Fixture::Project project;
+    project.MorlickText = "1\n\"2A\",\"Brindle\",1\n";
+    project.EventTypesText = "types";
+    project.EventsText = "";
+    project.RomBlue = rom;
+    QString error;
+    ASSERT_TRUE(Fixture::WriteProject(project, folder, &error)) << error.toStdString();
+    const auto read = [&folder](const char* name) {
+        return TestFiles::Read(QDir(folder).filePath(QLatin1String(name)));
+    };
+    EXPECT_EQ(read(Fixture::MorlickFile), project.MorlickText);
+    EXPECT_EQ(read(Fixture::EventTypesFile), project.EventTypesText);
+    EXPECT_EQ(read(Fixture::EventsFile), QByteArray(""));
+    EXPECT_EQ(read(Fixture::MapsFile), Fixture::MapsFileText({}));
+    EXPECT_EQ(read(Fixture::RomFileBlue), rom.Bytes());
+    EXPECT_FALSE(QFile::exists(QDir(folder).filePath(QLatin1String(Fixture::RomFileRed))));
+    EXPECT_FALSE(QFile::exists(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName))));
+
+    // WriteFile replaces a longer file whole instead of leaving its tail.
+    const QString path = QDir(folder).filePath(QLatin1String(Fixture::EventTypesFile));
+    ASSERT_TRUE(Fixture::WriteFile(path, "ab"));
+    EXPECT_EQ(TestFiles::Read(path), QByteArray("ab"));
+    EXPECT_FALSE(Fixture::WriteFile(dir.filePath(QStringLiteral("none/x.twy")), "ab", &error));
+    EXPECT_TRUE(error.contains(QStringLiteral("x.twy")));
 }
