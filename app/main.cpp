@@ -1,7 +1,7 @@
 #include <QApplication>
 
 #include "core/defines.h"
-#include "core/startup/program.h"
+#include "startup/program.h"
 #include "ui/programfont.h"
 #include "ui/qtdialogs.h"
 

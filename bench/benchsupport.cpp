@@ -1,9 +1,9 @@
 #include "bench/benchsupport.h"
 
 #include "core/defines.h"
-#include "core/startup/program.h"
-#include "core/startup/splash.h"
-#include "core/startup/versionselect.h"
+#include "startup/program.h"
+#include "startup/splash.h"
+#include "startup/versionselect.h"
 
 namespace {
 Fixture::SmallProject BigProject() {

@@ -2,9 +2,9 @@
 
 #include <QTemporaryDir>
 
+#include "core/scripteddialogs.h"
 #include "fixture/smallproject.h"
 #include "mapedit/mainform.h"
-#include "ui/scripteddialogs.h"
 
 // A program folder with a 255 x 255 map on a tileset of 256 blocks, and the
 // working state read from its data files, for the benchmarks.

@@ -7,10 +7,10 @@
 
 #include "bench/benchsupport.h"
 #include "core/defines.h"
-#include "core/startup/program.h"
 #include "mapedit/mapsave.h"
 #include "mapview/maploader.h"
 #include "rom/romsave.h"
+#include "startup/program.h"
 #include "support/offscreen.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "ui/twips.h"
 
-BlockEdit::BlockEdit() {
+BlockEdit::BlockEdit(Form* owner) : ChildForm(owner) {
     SetCaption(QStringLiteral("Tarnwey - Building Block Editor"));
     SetClientSize(5415, 4095);
     Placeholder = new QLabel(QStringLiteral("This editor is still being built."), Client());

@@ -2,13 +2,13 @@
 
 #include <QLabel>
 
-#include "mapedit/childform.h"
+#include "ui/childform.h"
 
 // The building block editor window. It opens from the main window's Mode menu.
 class BlockEdit : public ChildForm {
     Q_OBJECT
 public:
-    BlockEdit();
+    explicit BlockEdit(Form* owner);
 
     QLabel* Placeholder;
 };

@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-#include "ui/dialogs.h"
+#include "core/dialogs.h"
 
 namespace {
 DialogService* Current = nullptr;

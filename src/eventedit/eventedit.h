@@ -2,13 +2,13 @@
 
 #include <QLabel>
 
-#include "mapedit/childform.h"
+#include "ui/childform.h"
 
 // The event editor window. It opens from the main window's Mode menu.
 class EventEdit : public ChildForm {
     Q_OBJECT
 public:
-    EventEdit();
+    explicit EventEdit(Form* owner);
 
     QLabel* Placeholder;
 };

@@ -1,9 +1,9 @@
 #include "mapedit/about.h"
 
-#include "core/startup/splash.h"
+#include "ui/splashpicture.h"
 #include "ui/twips.h"
 
-About::About() {
+About::About(Form* owner) : ChildForm(owner) {
     SetCaption(QStringLiteral("About Tarnwey"));
     SetClientSize(5280, 5055);
     RemoveCloseBox();

@@ -3,13 +3,13 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "mapedit/childform.h"
+#include "ui/childform.h"
 
 // Who made the program, with a picture of its own.
 class About : public ChildForm {
     Q_OBJECT
 public:
-    About();
+    explicit About(Form* owner);
 
     QLabel* Picture;
     QLabel* Label1;

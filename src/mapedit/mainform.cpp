@@ -4,12 +4,10 @@
 
 #include "blockedit/blockedit.h"
 #include "core/defines.h"
-#include "core/startup/program.h"
-#include "core/startup/versionselect.h"
+#include "core/dialogs.h"
 #include "eventedit/eventedit.h"
 #include "mapedit/about.h"
 #include "mapview/tiles.h"
-#include "ui/dialogs.h"
 #include "ui/twips.h"
 #include "warpedit/warpedit.h"
 #include "wildedit/wildedit.h"
@@ -20,7 +18,8 @@ const QString DiscardQuestion = QStringLiteral("Discard the changes you have mad
 const QString FirstMapCaption = QStringLiteral("Fernhollow");
 }  // namespace
 
-MainForm::MainForm() {
+MainForm::MainForm(const QString& tilesetFile, ProgramHooks hooks)
+    : TilesetFile_(tilesetFile), Hooks_(std::move(hooks)) {
     SetCaption(QStringLiteral("Tarnwey"));
     SetClientSize(9495, 7815);
     BuildMenus();
@@ -159,8 +158,7 @@ void MainForm::BuildMapSelection() {
 }
 
 void MainForm::Form_Load() {
-    const VersionSelect* version = Program::VersionSelectForm();
-    const QString tilesetFile = version ? version->TilesetFile : QString();
+    const QString& tilesetFile = TilesetFile_;
     Defines.ClearTables();
     QString error;
     if (tilesetFile.isEmpty())
@@ -287,7 +285,7 @@ bool MainForm::AskToExit() {
 }
 
 void MainForm::mnuExit_Click() {
-    if (AskToExit()) Program::End();
+    if (AskToExit()) Hooks_.End();
 }
 
 void MainForm::Form_Unload(bool& Cancel) {
@@ -297,7 +295,7 @@ void MainForm::Form_Unload(bool& Cancel) {
         Cancel = true;
         return;
     }
-    Program::End();
+    Hooks_.End();
 }
 
 void MainForm::mnuOpen_Click() {
@@ -306,8 +304,7 @@ void MainForm::mnuOpen_Click() {
         MapChanged = false;
     }
     SkipExitPrompt = true;
-    Program::UnloadForNewPass();
-    Program::Main();
+    Hooks_.NewPass();
     SkipExitPrompt = false;
 }
 
@@ -317,26 +314,26 @@ void MainForm::ShowChild(Form* child) {
 }
 
 void MainForm::mnuBlockEdit_Click() {
-    if (!BlockEditForm_) BlockEditForm_ = new BlockEdit();
+    if (!BlockEditForm_) BlockEditForm_ = new BlockEdit(this);
     ShowChild(BlockEditForm_);
 }
 
 void MainForm::mnuWildEdit_Click() {
-    if (!WildEditForm_) WildEditForm_ = new WildEdit();
+    if (!WildEditForm_) WildEditForm_ = new WildEdit(this);
     ShowChild(WildEditForm_);
 }
 
 void MainForm::mnuWarpEdit_Click() {
-    if (!WarpEditForm_) WarpEditForm_ = new WarpEdit();
+    if (!WarpEditForm_) WarpEditForm_ = new WarpEdit(this);
     ShowChild(WarpEditForm_);
 }
 
 void MainForm::mnuEventEdit_Click() {
-    if (!EventEditForm_) EventEditForm_ = new EventEdit();
+    if (!EventEditForm_) EventEditForm_ = new EventEdit(this);
     ShowChild(EventEditForm_);
 }
 
 void MainForm::mnuAbout_Click() {
-    if (!AboutForm_) AboutForm_ = new About();
+    if (!AboutForm_) AboutForm_ = new About(this);
     ShowChild(AboutForm_);
 }

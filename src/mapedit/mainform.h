@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <array>
+#include <functional>
 
 #include "mapedit/undolist.h"
 #include "mapview/maploader.h"
@@ -26,7 +27,15 @@ class EventEdit;
 class MainForm : public Form {
     Q_OBJECT
 public:
-    MainForm();
+    // What the main window asks of the program around it; start-up hands
+    // these over when it makes the window.
+    struct ProgramHooks {
+        std::function<void()> End;      // ends the program at once
+        std::function<void()> NewPass;  // takes the windows down and asks for a ROM again
+    };
+
+    // `tilesetFile` is the tileset file of the version the user chose.
+    MainForm(const QString& tilesetFile, ProgramHooks hooks);
     ~MainForm() override;
 
     // True when the data files could not be read at load; the program then ends.
@@ -132,6 +141,8 @@ private:
     WildEdit* WildEditForm_ = nullptr;
     EventEdit* EventEditForm_ = nullptr;
 
+    QString TilesetFile_;
+    ProgramHooks Hooks_;
     LoadedMap Loaded_;
     bool MapLoaded_ = false;
     bool LoadFailed_ = false;

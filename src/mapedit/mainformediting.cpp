@@ -4,12 +4,12 @@
 #include <QFileInfo>
 
 #include "core/defines.h"
+#include "core/dialogs.h"
 #include "core/hextext.h"
 #include "mapedit/mainform.h"
 #include "mapedit/mapsave.h"
 #include "mapview/compose.h"
 #include "rom/romsave.h"
-#include "ui/dialogs.h"
 
 namespace {
 constexpr int PaletteTop = 120;

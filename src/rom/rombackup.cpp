@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "ui/dialogs.h"
+#include "core/dialogs.h"
 
 QString BackupPath(const QString& romPath) {
     return romPath + QStringLiteral(".BAK");

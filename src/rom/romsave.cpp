@@ -1,7 +1,7 @@
 #include "rom/romsave.h"
 
+#include "core/dialogs.h"
 #include "rom/rombackup.h"
-#include "ui/dialogs.h"
 
 bool SaveToRom(const QString& romPath, const QString& programFolder, Backup backup,
                const std::function<void(RomFile&)>& write) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/dialogs.h"
+#include "core/dialogs.h"
 
 // The dialog service of the running program: message boxes, the file
 // choosers and the system beep.

@@ -2,7 +2,7 @@
 
 #include "ui/twips.h"
 
-WarpEdit::WarpEdit() {
+WarpEdit::WarpEdit(Form* owner) : ChildForm(owner) {
     SetCaption(QStringLiteral("Warp Editor"));
     SetClientSize(8175, 7815);
     Placeholder = new QLabel(QStringLiteral("This editor is still being built."), Client());

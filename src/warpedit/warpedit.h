@@ -2,13 +2,13 @@
 
 #include <QLabel>
 
-#include "mapedit/childform.h"
+#include "ui/childform.h"
 
 // The warp editor window. It opens from the main window's Mode menu.
 class WarpEdit : public ChildForm {
     Q_OBJECT
 public:
-    WarpEdit();
+    explicit WarpEdit(Form* owner);
 
     QLabel* Placeholder;
 };

@@ -2,13 +2,13 @@
 
 #include <QLabel>
 
-#include "mapedit/childform.h"
+#include "ui/childform.h"
 
 // The wild encounter editor window. It opens from the main window's Mode menu.
 class WildEdit : public ChildForm {
     Q_OBJECT
 public:
-    WildEdit();
+    explicit WildEdit(Form* owner);
 
     QLabel* Placeholder;
 };

@@ -1,10 +1,10 @@
 #include <QDir>
 
 #include "core/defines.h"
-#include "core/startup/program.h"
+#include "demo/demoproject.h"
 #include "fixture/datafilenames.h"
-#include "fixture/demoproject.h"
 #include "fixture/project.h"
+#include "startup/program.h"
 #include "support/apptest.h"
 
 // The bundled demo: every map of both versions can be reached through the

@@ -3,11 +3,11 @@
 #include <QTest>
 
 #include "core/defines.h"
-#include "core/startup/program.h"
 #include "mapedit/about.h"
 #include "mapview/compose.h"
 #include "mapview/tiles.h"
 #include "rom/rombackup.h"
+#include "startup/program.h"
 #include "support/apptest.h"
 
 namespace {

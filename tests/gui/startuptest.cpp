@@ -2,10 +2,10 @@
 #include <QTest>
 
 #include "core/defines.h"
-#include "core/startup/program.h"
-#include "core/startup/splash.h"
-#include "core/startup/versionselect.h"
 #include "fixture/tilesetfile.h"
+#include "startup/program.h"
+#include "startup/splash.h"
+#include "startup/versionselect.h"
 #include "support/apptest.h"
 
 namespace {

@@ -8,10 +8,10 @@
 #include <utility>
 
 #include "core/tables.h"
+#include "demo/art/tilebank.h"
+#include "demo/demoproject.h"
 #include "fixture/datafilenames.h"
-#include "fixture/demoproject.h"
 #include "fixture/project.h"
-#include "fixture/tilebank.h"
 
 // The bundled demo is made by the build and doubles as the base of the test
 // fixtures, so it has to come out the same every time and has to be readable

@@ -6,11 +6,11 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "core/scripteddialogs.h"
 #include "model/files.h"
 #include "model/printers.h"
 #include "rom/rombackup.h"
 #include "rom/romsave.h"
-#include "ui/scripteddialogs.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <QTest>
 
 #include "core/defines.h"
-#include "core/startup/program.h"
-#include "core/startup/splash.h"
-#include "core/startup/versionselect.h"
+#include "startup/program.h"
+#include "startup/splash.h"
+#include "startup/versionselect.h"
 
 void AppTest::SetUp() {
     ASSERT_TRUE(Dir_.isValid());

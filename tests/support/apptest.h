@@ -5,9 +5,9 @@
 #include <QByteArray>
 #include <QTemporaryDir>
 
+#include "core/scripteddialogs.h"
 #include "fixture/smallproject.h"
 #include "mapedit/mainform.h"
-#include "ui/scripteddialogs.h"
 
 // A test that runs the program in a fresh program folder of its own, with
 // every dialog answered from a script.

@@ -11,12 +11,12 @@
 #include <cstdio>
 
 #include "core/defines.h"
-#include "core/startup/program.h"
-#include "core/startup/splash.h"
-#include "core/startup/versionselect.h"
+#include "core/scripteddialogs.h"
 #include "mapedit/mainform.h"
+#include "startup/program.h"
+#include "startup/splash.h"
+#include "startup/versionselect.h"
 #include "ui/programfont.h"
-#include "ui/scripteddialogs.h"
 
 namespace {
 QString Out;
