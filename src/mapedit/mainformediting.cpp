@@ -1,7 +1,6 @@
 // The editing half of the main window: the palette, painting and picking up,
 // the border block, undo, and saving the map.
 #include <QFile>
-#include <QFileInfo>
 
 #include "core/defines.h"
 #include "core/dialogs.h"
@@ -9,6 +8,8 @@
 #include "mapedit/mainform.h"
 #include "mapedit/mapsave.h"
 #include "mapview/compose.h"
+#include "rom/fileops.h"
+#include "rom/rombackup.h"
 #include "rom/romsave.h"
 
 namespace {
@@ -133,28 +134,25 @@ void MainForm::mnuSaveAs_Click() {
     const QString path =
         Dialogs().SaveFile(QStringLiteral("Tarnwey - Save ROM File As"), Defines.ProgramFolder);
     if (path.isEmpty()) return;
-    const bool sameFile =
-        QFileInfo(path).canonicalFilePath() == QFileInfo(Defines.RomPath).canonicalFilePath();
     QFile existing(path);
     if (existing.open(QIODevice::ReadOnly)) {
         existing.close();
         if (!Dialogs().Ask(QStringLiteral("This file already exists. Overwrite it?"))) return;
-        // Saving over the open file itself writes the map into it in place:
-        // deleting it first would lose the only copy.
-        if (sameFile) {
+        // Saving over the open file itself, under whatever name, writes the
+        // map into it in place.
+        if (FileOps::SameFile(path, Defines.RomPath)) {
             WriteMapTo(Defines.RomPath, false);
             return;
         }
-        if (!QFile::remove(path)) {
-            Dialogs().Warn(
-                QStringLiteral("The file %1 could not be replaced.\n\nNothing was saved.")
-                    .arg(path));
-            return;
-        }
     }
-    if (!QFile::copy(Defines.RomPath, path)) {
+    // The copy replaces a file already there only once it is complete, so
+    // the target is never deleted first: were it the open ROM after all,
+    // it would still hold the ROM's bytes.
+    QString why;
+    if (!FileOps::CopyWholeFile(Defines.RomPath, path, why)) {
         Dialogs().Warn(
-            QStringLiteral("The ROM could not be copied to %1.\n\nNothing was saved.").arg(path));
+            QStringLiteral("The ROM could not be copied to %1 (%2).\n\nNothing was saved.")
+                .arg(ShownPath(path), why));
         return;
     }
     // From here on every save and editor works on the new file.

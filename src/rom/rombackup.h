@@ -14,3 +14,5 @@ bool CopyRomToBackup(const QString& romPath, const QString& programFolder, QStri
 
 QString BackupPath(const QString& romPath);
 QString TempCopyPath(const QString& programFolder);
+// A path as the user reads it in a message: with the platform's own separators.
+QString ShownPath(const QString& path);

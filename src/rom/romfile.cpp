@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "rom/fileops.h"
+
 bool RomFile::Open(const QString& path) {
     Path_ = path;
     Written_.clear();
@@ -80,7 +82,9 @@ bool RomFile::Close() {
     // that vanished since Open is not made again as an empty file.
     QFile file(Path_);
     QString why;
-    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+    if (FileOps::ShouldFail(FileOps::Op::Write))
+        why = QStringLiteral("the disk refused the write");
+    else if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         why = file.errorString();
     else if (file.size() != Bytes_.size())
         why = QStringLiteral("its length changed while it was open");  // never write past its end

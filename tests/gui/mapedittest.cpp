@@ -1,3 +1,4 @@
+#include <unistd.h>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -325,6 +326,53 @@ TEST_F(MapEditTest, SaveAsOntoTheOpenFileKeepsItsBytes) {
     EXPECT_EQ(Differences(before, after),
               (std::vector<int>{project.Categories[0].Maps[0].GridPos + 1}));
     EXPECT_EQ(Script.Count(SavedMessage), 1);
+}
+
+TEST_F(MapEditTest, SaveAsOntoTheOpenRomUnderAnotherNameWritesInPlace) {
+    // A second name of the very file: a hard link here; another case on a disk
+    // that ignores case, or a short name, elsewhere. It is the open ROM.
+    const Fixture::SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    const QString rom = Defines.RomPath;
+    const QString alias = PathOf(QStringLiteral("alias.gb"));
+    ASSERT_EQ(::link(QFile::encodeName(rom).constData(), QFile::encodeName(alias).constData()), 0);
+    const QByteArray before = ReadFile(rom);
+    PressCell(form->SideBlock, 16 * 3);
+    PressCell(form->View->MapTile, 16);
+    Script.ChooseFile(alias);
+    Script.AnswerYes();
+    form->mnuSaveAs->trigger();
+    EXPECT_EQ(Script.Count(SavedMessage), 1) << Script.Texts().join(u'|').toStdString();
+    EXPECT_EQ(Defines.RomPath, rom);
+    EXPECT_EQ(Differences(before, ReadFile(rom)),
+              (std::vector<int>{project.Categories[0].Maps[0].GridPos + 1}));
+    EXPECT_EQ(ReadFile(alias), ReadFile(rom));
+}
+
+TEST_F(MapEditTest, SaveAsThatCannotCopyKeepsTheFileItWouldReplace) {
+    // The open ROM has gone from the disk; the target already exists and the
+    // user agrees to overwrite it. The target must stay whole.
+    const Fixture::SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    const QString rom = Defines.RomPath;
+    const QString other = PathOf(QStringLiteral("other.gb"));
+    const QByteArray otherBytes("another ROM the user keeps");
+    QFile file(other);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(otherBytes);
+    file.close();
+    ASSERT_TRUE(QFile::remove(rom));
+    PressCell(form->View->MapTile, 16);
+    Script.ChooseFile(other);
+    Script.AnswerYes();
+    form->mnuSaveAs->trigger();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1)
+        << Script.Texts().join(u'|').toStdString();
+    EXPECT_EQ(ReadFile(other), otherBytes);
+    EXPECT_EQ(Defines.RomPath, rom);
+    EXPECT_TRUE(form->MapChanged);
 }
 
 TEST_F(MapEditTest, ExitAndClosingAskTheSameQuestionOnce) {

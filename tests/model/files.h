@@ -32,17 +32,4 @@ inline QByteArray Pattern(int size) {
     return bytes;
 }
 
-// True when a folder refuses new files even to this user; root ignores the
-// permission bits, so such tests are skipped when it does not.
-inline bool RefusesNewFiles(const QString& folder) {
-    const QString probe = QDir(folder).filePath(QStringLiteral("probe.tmp"));
-    QFile file(probe);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.close();
-        QFile::remove(probe);
-        return false;
-    }
-    return true;
-}
-
 }  // namespace TestFiles

@@ -9,6 +9,7 @@
 #include "core/scripteddialogs.h"
 #include "model/files.h"
 #include "model/printers.h"
+#include "rom/fileops.h"
 #include "rom/rombackup.h"
 #include "rom/romsave.h"
 
@@ -41,10 +42,7 @@ protected:
 
     void TearDown() override {
         SetDialogs(nullptr);
-        // Give back any rights a test took away so the folder can be removed.
-        QFile::setPermissions(RomFolder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QFile::setPermissions(ProgramFolder,
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        FileOps::ClearFaults();
     }
 
     // Saves with one byte written at each given position, the value drawn
@@ -66,7 +64,8 @@ protected:
     }
 
     QString Question() const {
-        return QStringLiteral("Make a backup of the ROM (") + RomPath + QStringLiteral(".BAK)?");
+        return QStringLiteral("Make a backup of the ROM (") + QDir::toNativeSeparators(RomPath) +
+               QStringLiteral(".BAK)?");
     }
     QString Bak() const { return RomPath + QStringLiteral(".BAK"); }
     QString Temp() const { return QDir(ProgramFolder).filePath(QStringLiteral("temp.twy")); }
@@ -189,55 +188,94 @@ TEST_F(RomSave, BackupWorksWithTheRomInTheProgramFolder) {
     EXPECT_FALSE(QFile::exists(Temp()));
 }
 
-TEST_F(RomSave, TempCopyThatCannotBeMadeStopsTheSave) {
-    // A folder where the temporary copy must go: step 2 fails.
-    ASSERT_TRUE(QDir(ProgramFolder).mkdir(QStringLiteral("temp.twy")));
+// Each step of the backup made to fail in turn. What must lie on the disk
+// afterwards: the ROM whole under its name wherever that can be, and never a
+// save written into anything.
+TEST_F(RomSave, EachFailingBackupStepStopsTheSaveAndKeepsTheRom) {
+    struct Case {
+        const char* step;
+        std::vector<std::pair<FileOps::Op, int>> faults;
+        bool romAtItsName;     // else the ROM's bytes are in the .BAK file
+        const char* bakHolds;  // "older", "rom" or "" for no file
+        bool tempLeft;
+    };
+    const std::vector<Case> cases = {
+        {"1: old backup not deleted", {{FileOps::Op::Remove, 1}}, true, "older", false},
+        {"2: no temporary copy", {{FileOps::Op::Copy, 1}}, true, "", false},
+        {"3: ROM not renamed", {{FileOps::Op::Rename, 1}}, true, "", false},
+        {"4: copy not written back, ROM renamed back", {{FileOps::Op::Copy, 2}}, true, "", false},
+        {"4: copy not written back, ROM not renamed back",
+         {{FileOps::Op::Copy, 2}, {FileOps::Op::Rename, 2}},
+         false,
+         "rom",
+         true},
+    };
+    const QByteArray older("older backup");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.step);
+        QFile::remove(Bak());
+        QFile::remove(Temp());
+        ASSERT_TRUE(TestFiles::Write(RomPath, Original));
+        ASSERT_TRUE(TestFiles::Write(Bak(), older));
+        const ino_t romFile = FileNumber(RomPath);
+        Script.Clear();
+        Script.AnswerYes();
+        for (const auto& [op, nth] : c.faults)
+            FileOps::FailOn(op, nth);
+
+        EXPECT_FALSE(Save(Backup::Offer, {1, 2}, 0x00));
+        FileOps::ClearFaults();
+        EXPECT_FALSE(Wrote);
+        ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+        const QString warning = Script.Transcript().back().text;
+        EXPECT_TRUE(warning.contains(QDir::toNativeSeparators(RomPath))) << warning.toStdString();
+        if (c.romAtItsName) {
+            EXPECT_EQ(TestFiles::Read(RomPath), Original);
+            // The ROM is the very file it was, never a copy put in its place.
+            EXPECT_EQ(FileNumber(RomPath), romFile);
+        } else {
+            EXPECT_FALSE(QFile::exists(RomPath));
+            EXPECT_EQ(FileNumber(Bak()), romFile);
+            EXPECT_TRUE(warning.contains(QDir::toNativeSeparators(Bak()))) << warning.toStdString();
+        }
+        const QString bak = QString::fromLatin1(c.bakHolds);
+        if (bak.isEmpty()) {
+            EXPECT_FALSE(QFile::exists(Bak()));
+        } else {
+            EXPECT_EQ(TestFiles::Read(Bak()), bak == QStringLiteral("older") ? older : Original);
+        }
+        EXPECT_EQ(QFile::exists(Temp()), c.tempLeft);
+        if (c.tempLeft) {
+            EXPECT_EQ(TestFiles::Read(Temp()), Original);
+        }
+    }
+}
+
+TEST_F(RomSave, RomNamedLikeTheTemporaryCopyIsRefusedWhole) {
+    // The user opened "temp.twy" in the program's folder: the backup's own
+    // temporary name. Nothing may be deleted, neither the ROM nor its backup.
+    RomPath = Temp();
+    ASSERT_TRUE(TestFiles::Write(RomPath, Original));
     ASSERT_TRUE(TestFiles::Write(Bak(), QByteArray("older backup")));
     Script.AnswerYes();
     EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
     EXPECT_FALSE(Wrote);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_EQ(Script.Transcript().size(), 2u) << Transcript().toStdString();
-    EXPECT_TRUE(Script.Transcript().back().text.contains(RomPath)) << Transcript().toStdString();
+    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("temp.twy")));
     EXPECT_EQ(TestFiles::Read(RomPath), Original);
-    EXPECT_TRUE(QFileInfo(RomPath).isFile());
+    EXPECT_EQ(TestFiles::Read(Bak()), QByteArray("older backup"));
+
+    // Without a backup the save goes on as the user asked.
+    Script.Clear();
+    Script.AnswerNo();
+    EXPECT_TRUE(Save(Backup::Offer, {1}, 0x00)) << Transcript().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {1}, 0x00));
 }
 
-TEST_F(RomSave, OldBackupThatCannotBeDeletedStopsTheSave) {
-    // A folder named as the backup, with a file in it: step 1 fails.
-    ASSERT_TRUE(QDir(RomFolder).mkdir(QFileInfo(Bak()).fileName()));
-    ASSERT_TRUE(TestFiles::Write(QDir(Bak()).filePath(QStringLiteral("inside")), "x"));
-    Script.AnswerYes();
-    EXPECT_FALSE(Save(Backup::Offer, {1, 2}, 0x00));
-    EXPECT_FALSE(Wrote);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_TRUE(Script.Transcript().back().text.contains(RomPath)) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), Original);
-    EXPECT_TRUE(QFileInfo(Bak()).isDir());
-    EXPECT_FALSE(QFile::exists(Temp()));
-}
-
-TEST_F(RomSave, RomThatCannotBeRenamedStopsTheSave) {
-    // Step 3 renames the ROM inside its folder; a folder that refuses changes
-    // makes it fail. Root ignores the rights, so there is nothing to test then.
-    ASSERT_TRUE(QFile::setPermissions(RomFolder, QFile::ReadOwner | QFile::ExeOwner));
-    if (!TestFiles::RefusesNewFiles(RomFolder)) GTEST_SKIP() << "folder rights are not enforced";
-    Script.AnswerYes();
-    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
-    EXPECT_FALSE(Wrote);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), Original);
-    EXPECT_FALSE(QFile::exists(Bak()));
-    EXPECT_FALSE(QFile::exists(Temp()));
-}
-
-TEST_F(RomSave, ProgramFolderThatRefusesTheCopyStopsTheSave) {
-    ASSERT_TRUE(QFile::setPermissions(ProgramFolder, QFile::ReadOwner | QFile::ExeOwner));
-    if (!TestFiles::RefusesNewFiles(ProgramFolder))
-        GTEST_SKIP() << "folder rights are not enforced";
-    Script.AnswerYes();
-    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
-    EXPECT_FALSE(Wrote);
+TEST_F(RomSave, RefusedWriteIsToldAndChangesNothing) {
+    FileOps::FailOn(FileOps::Op::Write);
+    EXPECT_FALSE(Save(Backup::Skip, {3, 4}, 0x11));
+    EXPECT_TRUE(Wrote);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
     EXPECT_EQ(TestFiles::Read(RomPath), Original);
 }
