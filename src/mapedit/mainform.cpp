@@ -30,14 +30,6 @@ MainForm::MainForm(const QString& tilesetFile, ProgramHooks hooks)
     BuildMapSelection();
 }
 
-MainForm::~MainForm() {
-    delete AboutForm_;
-    delete BlockEditForm_;
-    delete WarpEditForm_;
-    delete WildEditForm_;
-    delete EventEditForm_;
-}
-
 void MainForm::BuildMenus() {
     QMenuBar* bar = CreateMenuBar();
     auto entry = [this](QMenu* menu, const QString& caption, const QKeySequence& shortcut,
@@ -308,32 +300,30 @@ void MainForm::mnuOpen_Click() {
     SkipExitPrompt = false;
 }
 
-void MainForm::ShowChild(Form* child) {
-    child->ShowForm();
-    HideForm();
-}
-
+// Each editor is made anew at every opening and reads what it shows then;
+// it deletes itself when it closes.
 void MainForm::mnuBlockEdit_Click() {
-    if (!BlockEditForm_) BlockEditForm_ = new BlockEdit(this);
-    ShowChild(BlockEditForm_);
+    // The block editor edits the tileset of the loaded map; with no map
+    // loaded there is none.
+    if (!MapLoaded_) {
+        Dialogs().Beep();
+        return;
+    }
+    (new BlockEdit(this))->OpenOverOwner();
 }
 
 void MainForm::mnuWildEdit_Click() {
-    if (!WildEditForm_) WildEditForm_ = new WildEdit(this);
-    ShowChild(WildEditForm_);
+    (new WildEdit(this))->OpenOverOwner();
 }
 
 void MainForm::mnuWarpEdit_Click() {
-    if (!WarpEditForm_) WarpEditForm_ = new WarpEdit(this);
-    ShowChild(WarpEditForm_);
+    (new WarpEdit(this))->OpenOverOwner();
 }
 
 void MainForm::mnuEventEdit_Click() {
-    if (!EventEditForm_) EventEditForm_ = new EventEdit(this);
-    ShowChild(EventEditForm_);
+    (new EventEdit(this))->OpenOverOwner();
 }
 
 void MainForm::mnuAbout_Click() {
-    if (!AboutForm_) AboutForm_ = new About(this);
-    ShowChild(AboutForm_);
+    (new About(this))->OpenOverOwner();
 }

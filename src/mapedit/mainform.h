@@ -16,12 +16,6 @@
 #include "ui/form.h"
 #include "ui/shapes.h"
 
-class About;
-class BlockEdit;
-class WarpEdit;
-class WildEdit;
-class EventEdit;
-
 // The main window: the map view, the block palette, the border block, the
 // map lists and the menus from which the editors open.
 class MainForm : public Form {
@@ -36,7 +30,6 @@ public:
 
     // `tilesetFile` is the tileset file of the version the user chose.
     MainForm(const QString& tilesetFile, ProgramHooks hooks);
-    ~MainForm() override;
 
     // True when the data files could not be read at load; the program then ends.
     bool LoadFailed() const { return LoadFailed_; }
@@ -131,15 +124,7 @@ private:
     void BringOnPalette(int block);
     void ShowBorderControls(bool show);
     bool AskToExit();
-    void ShowChild(Form* child);
     void WriteMapTo(const QString& romPath, bool offerBackup);
-
-    // The child windows, made when first opened and kept while this window lives.
-    About* AboutForm_ = nullptr;
-    BlockEdit* BlockEditForm_ = nullptr;
-    WarpEdit* WarpEditForm_ = nullptr;
-    WildEdit* WildEditForm_ = nullptr;
-    EventEdit* EventEditForm_ = nullptr;
 
     QString TilesetFile_;
     ProgramHooks Hooks_;

@@ -13,15 +13,27 @@ constexpr int CellsAcrossSlot = 4;
 }  // namespace
 
 CellArray::CellArray(QWidget* parent, int slotsAcross, int slotsDown, int cellTwips)
+    : CellArray(parent, Order::BlockSlots, slotsAcross * CellsAcrossSlot,
+                slotsDown * CellsAcrossSlot, cellTwips) {}
+
+CellArray* CellArray::Grid(QWidget* parent, int columns, int rows, int cellTwips) {
+    return new CellArray(parent, Order::Flat, columns, rows, cellTwips);
+}
+
+CellArray::CellArray(QWidget* parent, Order order, int columns, int rows, int cellTwips)
     : QWidget(parent),
-      SlotsAcross_(slotsAcross),
-      SlotsDown_(slotsDown),
+      Order_(order),
+      Columns_(columns),
+      Rows_(rows),
       CellPixels_(Px(cellTwips)),
-      Cells_(static_cast<size_t>(slotsAcross * slotsDown * Limits::TilesPerBlock)) {
+      Cells_(static_cast<size_t>(columns * rows)) {
     setAttribute(Qt::WA_OpaquePaintEvent, false);
-    const int columns = SlotsAcross_ * CellsAcrossSlot;
-    const int rows = SlotsDown_ * CellsAcrossSlot;
-    setFixedSize((columns - 1) * Pitch + CellPixels_, (rows - 1) * Pitch + CellPixels_);
+    setFixedSize((Columns_ - 1) * Pitch + CellPixels_, (Rows_ - 1) * Pitch + CellPixels_);
+}
+
+void CellArray::SetStretch(bool stretch) {
+    Stretch_ = stretch;
+    update();
 }
 
 void CellArray::PlaceAt(int leftTwips, int topTwips) {
@@ -47,10 +59,13 @@ void CellArray::SetAllVisible(bool visible) {
 }
 
 QPoint CellArray::CellOffsetTwips(int index) const {
+    if (Order_ == Order::Flat)
+        return QPoint((index % Columns_) * PitchTwips, (index / Columns_) * PitchTwips);
+    const int slotsAcross = Columns_ / CellsAcrossSlot;
     const int slot = index / Limits::TilesPerBlock;
     const int place = index % Limits::TilesPerBlock;
-    const int column = CellsAcrossSlot * (slot % SlotsAcross_) + place % CellsAcrossSlot;
-    const int row = CellsAcrossSlot * (slot / SlotsAcross_) + place / CellsAcrossSlot;
+    const int column = CellsAcrossSlot * (slot % slotsAcross) + place % CellsAcrossSlot;
+    const int row = CellsAcrossSlot * (slot / slotsAcross) + place / CellsAcrossSlot;
     return QPoint(column * PitchTwips, row * PitchTwips);
 }
 
@@ -64,19 +79,19 @@ QPoint CellArray::CellCentre(int index) const {
 }
 
 int CellArray::IndexAt(int column, int row) const {
-    const int slot = (row / CellsAcrossSlot) * SlotsAcross_ + column / CellsAcrossSlot;
+    if (Order_ == Order::Flat) return row * Columns_ + column;
+    const int slot =
+        (row / CellsAcrossSlot) * (Columns_ / CellsAcrossSlot) + column / CellsAcrossSlot;
     return slot * Limits::TilesPerBlock + (row % CellsAcrossSlot) * CellsAcrossSlot +
            column % CellsAcrossSlot;
 }
 
 int CellArray::CellAt(QPoint point) const {
-    const int columns = SlotsAcross_ * CellsAcrossSlot;
-    const int rows = SlotsDown_ * CellsAcrossSlot;
     if (point.x() < 0 || point.y() < 0) return -1;
     // Where cells overlap, the later cell lies on top; it is the one whose
     // own square holds the point, except past the last column or row.
-    const int column = std::min(point.x() / Pitch, columns - 1);
-    const int row = std::min(point.y() / Pitch, rows - 1);
+    const int column = std::min(point.x() / Pitch, Columns_ - 1);
+    const int row = std::min(point.y() / Pitch, Rows_ - 1);
     const int index = IndexAt(column, row);
     if (!CellRect(index).contains(point) || !Cells_[index].Visible) return -1;
     return index;
@@ -92,7 +107,10 @@ void CellArray::paintEvent(QPaintEvent* event) {
         if (!cell.Visible || !cell.Picture) continue;
         const QRect rect = CellRect(i);
         if (!rect.intersects(dirty)) continue;
-        painter.drawPixmap(rect.topLeft(), *cell.Picture);
+        if (Stretch_)
+            painter.drawPixmap(rect, *cell.Picture);
+        else
+            painter.drawPixmap(rect.topLeft(), *cell.Picture);
     }
 }
 

@@ -4,15 +4,24 @@
 #include <QWidget>
 #include <vector>
 
-// An array of picture cells that one widget paints itself. Sixteen
-// consecutive cells make a block slot, four across and four down in reading
-// order; slots lie `slotsAcross` to a row. Cells stand 240 twips apart and
+// An array of picture cells that one widget paints itself. In the block
+// layout sixteen consecutive cells make a block slot, four across and four
+// down in reading order, and slots lie `slotsAcross` to a row; in the flat
+// layout the cells lie in plain reading order. Cells stand 240 twips apart and
 // are `cellTwips` square, so larger cells overlap their right and lower
 // neighbours. A press reports the cell's index and the button.
 class CellArray : public QWidget {
     Q_OBJECT
 public:
+    // Block slots of 16 cells, `slotsAcross` by `slotsDown` of them.
     CellArray(QWidget* parent, int slotsAcross, int slotsDown, int cellTwips);
+    // A flat grid of `columns` by `rows` cells, cell i at column i mod
+    // columns and row i div columns.
+    static CellArray* Grid(QWidget* parent, int columns, int rows, int cellTwips);
+
+    // Stretches each picture to the cell's size instead of drawing it at its
+    // own size; pixel art stays unsmoothed either way.
+    void SetStretch(bool stretch);
 
     // Puts the top left corner of slot 0 at a place of the parent, in twips.
     void PlaceAt(int leftTwips, int topTwips);
@@ -44,14 +53,19 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    enum class Order { BlockSlots, Flat };
+    CellArray(QWidget* parent, Order order, int columns, int rows, int cellTwips);
+
     struct Cell {
         const QPixmap* Picture = nullptr;
         bool Visible = true;
     };
     int IndexAt(int column, int row) const;
 
-    int SlotsAcross_;
-    int SlotsDown_;
+    Order Order_;
+    int Columns_;  // cell columns and rows of the whole array
+    int Rows_;
     int CellPixels_;
+    bool Stretch_ = false;
     std::vector<Cell> Cells_;
 };

@@ -10,10 +10,12 @@ Form::Form(QWidget* parent) : QWidget(parent, Qt::Window), Client_(new QWidget(t
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
 }
 
-void Form::Load() {
-    if (Loaded_) return;
-    Loaded_ = true;
-    Form_Load();
+bool Form::Load() {
+    if (!Loaded_) {
+        Loaded_ = true;
+        Form_Load();
+    }
+    return !LoadRefused_;
 }
 
 void Form::SetClientSize(int widthTwips, int heightTwips) {
@@ -46,8 +48,8 @@ void Form::Centre() {
     move(frame.topLeft());
 }
 
-void Form::ShowForm() {
-    Load();
+bool Form::ShowForm() {
+    if (!Load()) return false;
     if (!Centred_) {
         Centre();
         Centred_ = true;
@@ -56,6 +58,7 @@ void Form::ShowForm() {
     raise();
     activateWindow();
     Form_Activate();
+    return true;
 }
 
 void Form::HideForm() {

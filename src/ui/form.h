@@ -12,10 +12,12 @@ class Form : public QWidget {
 public:
     explicit Form(QWidget* parent = nullptr);
 
-    // Runs Form_Load once; later calls do nothing.
-    void Load();
+    // Runs Form_Load once; later calls do nothing. False when Form_Load
+    // refused to open the window.
+    bool Load();
     // Loads if needed, shows the window centred and runs Form_Activate.
-    void ShowForm();
+    // False, with nothing shown, when the load refused to open it.
+    bool ShowForm();
     void HideForm();
     // Asks Form_Unload; when it does not cancel, the window is hidden and
     // true is returned.
@@ -29,6 +31,9 @@ protected:
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Unload(bool& Cancel) { Cancel = false; }
+    // Called by a Form_Load that finds nothing sound to show: the window
+    // then does not open.
+    void RefuseLoad() { LoadRefused_ = true; }
 
     void SetClientSize(int widthTwips, int heightTwips);
     // Gives the window a menu bar above its client area.
@@ -47,5 +52,6 @@ private:
     QWidget* Client_;
     QMenuBar* MenuBar_ = nullptr;
     bool Loaded_ = false;
+    bool LoadRefused_ = false;
     bool Centred_ = false;
 };

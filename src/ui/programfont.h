@@ -10,3 +10,12 @@ inline void ApplyProgramFont() {
     font.setPointSize(8);
     QApplication::setFont(font);
 }
+
+// The program's font, narrower: for labels whose text runs up to the edge of
+// their window, where the wider face would cut off the last digits.
+inline QFont NarrowFont() {
+    QFont font(QStringLiteral("DejaVu Sans Condensed"));
+    font.setPointSize(8);
+    font.setStretch(QFont::Condensed);
+    return font;
+}

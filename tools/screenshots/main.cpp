@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "blockedit/blockedit.h"
 #include "core/defines.h"
 #include "core/scripteddialogs.h"
 #include "mapedit/mainform.h"
@@ -114,6 +115,20 @@ int main(int argc, char** argv) {
     ShootMenu(form, form->mnuEdit, QStringLiteral("menu-edit"));
     ShootMenu(form, form->mnuMode, QStringLiteral("menu-mode"));
     ShootMenu(form, form->mnuOptions, QStringLiteral("menu-options"));
+    // The building block editor on the first map's tileset: a block chosen,
+    // a tile chosen and set into it, the palette scrolled.
+    form->mnuBlockEdit_Click();
+    if (auto* blocks = form->findChild<BlockEdit*>()) {
+        Shoot(blocks, QStringLiteral("blockedit-open"));
+        blocks->Scroll->setValue(2);
+        blocks->SideBlock_MouseDown(16 * 2, 1);
+        blocks->TileSel_MouseDown(37, 1);
+        blocks->Block_MouseDown(5, 1);
+        blocks->Block_MouseDown(10, 1);
+        Shoot(blocks, QStringLiteral("blockedit-editing"));
+        blocks->BlockChanged = false;
+        blocks->close();
+    }
     form->mnuAbout_Click();
     Shoot(QApplication::activeWindow() ? QApplication::activeWindow() : form,
           QStringLiteral("about"));
