@@ -23,11 +23,23 @@ public:
     // A count or a row, held to 16 bits in the same way.
     std::int16_t ToInt16() const;
     QString ToText() const;
+    // The field as it stands in the file, trimmed and without its quotes: a
+    // number keeps its own digits, so "10" can still be read as hexadecimal.
+    const QString& Written() const { return Written_; }
     // The test of a flag column: false for the flag false, the number 0 and an
     // empty cell; true for everything else.
     bool IsTrue() const;
 
-    bool operator==(const Field& other) const = default;
+    // Two fields are equal when they hold the same value, however written.
+    bool operator==(const Field& other) const {
+        return Kind_ == other.Kind_ && Number_ == other.Number_ && Text_ == other.Text_ &&
+               Flag_ == other.Flag_;
+    }
+    // Keeps the text a field was read from.
+    Field& WrittenAs(const QString& text) {
+        Written_ = text;
+        return *this;
+    }
 
     // True when a text is a number in plain decimal notation, so that a name
     // such as "Nan" or "Inf" stays text.
@@ -40,4 +52,5 @@ private:
     double Number_ = 0;
     QString Text_;
     bool Flag_ = false;
+    QString Written_;
 };

@@ -64,7 +64,8 @@ bool FieldReader::ReadField(Field& out) {
             if (Text_[Pos_] == u'\n') ++Line_;
             ++Pos_;
         }
-        out = Field::Text(Text_.mid(start, Pos_ - start));
+        const QString text = Text_.mid(start, Pos_ - start);
+        out = Field::Text(text).WrittenAs(text);
         if (Pos_ < Text_.size()) ++Pos_;  // the closing quote
         // Anything between the closing quote and the separator is not part of the field.
         while (Pos_ < Text_.size() && Text_[Pos_] != u',' && !AtLineEnd())
@@ -80,11 +81,11 @@ bool FieldReader::ReadField(Field& out) {
         if (raw.isEmpty())
             out = Field();
         else if (isNumber)
-            out = Field::Number(number);
+            out = Field::Number(number).WrittenAs(raw);
         else if (ReadsAsFlag(raw, flag))
-            out = Field::Flag(flag);
+            out = Field::Flag(flag).WrittenAs(raw);
         else
-            out = Field::Text(raw);
+            out = Field::Text(raw).WrittenAs(raw);
     }
 
     if (Pos_ < Text_.size()) {

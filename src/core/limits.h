@@ -10,6 +10,7 @@ inline constexpr int BankPictures = 520;  // pictures in the tile bank, 0 to 519
 inline constexpr int UndoDepth = 100;     // paint steps the undo list reaches back
 inline constexpr int MaxWarps = 16;
 inline constexpr int MaxEvents = 32;
+inline constexpr int WildSlots = 10;       // level and species pairs of a wild list
 inline constexpr int ViewSlotsAcross = 8;  // the map view shows 8 x 6 blocks
 inline constexpr int ViewSlotsDown = 6;
 inline constexpr int PaletteSlots = 6;

@@ -15,8 +15,9 @@ bool Outside(RomFile& rom, std::int32_t position, std::int32_t count, const QStr
     if (rom.Contains(position, count)) return false;
     error = MapLabel(map) +
             QStringLiteral(
-                " could not be loaded: its %1 (%2 bytes from position %3) lies outside "
-                "the ROM file, which has %4 bytes.\n\nThe data files do not fit this ROM.")
+                " could not be loaded: its %1 (%2 bytes from position %3) would be read "
+                "from outside the ROM file, which has %4 bytes.\n\nThe data files do not "
+                "fit this ROM.")
                 .arg(what)
                 .arg(count)
                 .arg(position)

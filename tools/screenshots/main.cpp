@@ -18,6 +18,7 @@
 #include "startup/splash.h"
 #include "startup/versionselect.h"
 #include "ui/programfont.h"
+#include "wildedit/wildedit.h"
 
 namespace {
 QString Out;
@@ -36,14 +37,15 @@ void Shoot(QWidget* window, const QString& name, int extraHeight = 0) {
     std::printf("%s\n", qPrintable(name));
 }
 
-// Finds a map by its size and goes to it through the lists, as a user does.
-bool GoToMapOfSize(MainForm* form, int cols, int rows) {
+// Finds the first map that `fits` and goes to it through the lists, as a
+// user does.
+template <typename Test>
+bool GoToMap(MainForm* form, Test fits) {
     for (int c = 0; c <= Defines.CategoryCount; ++c) {
         const int first = Defines.CategoryTable[c][CatFirstMap].ToInt16();
         const int count = Defines.CategoryTable[c][CatMapCount].ToInt16();
         for (int r = 0; r < count; ++r) {
-            const auto& map = Defines.MapTable[first + r];
-            if (map[MapCols].ToInt16() != cols || map[MapRows].ToInt16() != rows) continue;
+            if (!fits(Defines.MapTable[first + r])) continue;
             form->CatList->setCurrentRow(c);
             form->CatList_MouseDown();
             form->MapList->setCurrentRow(r);
@@ -52,6 +54,14 @@ bool GoToMapOfSize(MainForm* form, int cols, int rows) {
             return true;
         }
     }
+    return false;
+}
+
+bool GoToMapOfSize(MainForm* form, int cols, int rows) {
+    if (GoToMap(form, [&](const auto& map) {
+            return map[MapCols].ToInt16() == cols && map[MapRows].ToInt16() == rows;
+        }))
+        return true;
     std::printf("no map of %d x %d\n", cols, rows);
     return false;
 }
@@ -128,6 +138,23 @@ int main(int argc, char** argv) {
         Shoot(blocks, QStringLiteral("blockedit-editing"));
         blocks->BlockChanged = false;
         blocks->close();
+    }
+    // The wild encounter editor on the first map with a wild list: slot 3
+    // chosen, its level typed, the species list open.
+    dialogs.AnswerYes();  // discard the painting
+    if (GoToMap(form, [](const auto& map) { return map[MapWildPos].ToInt32() != NoData; })) {
+        form->mnuWildEdit_Click();
+        if (auto* wild = form->findChild<WildEdit*>()) {
+            Shoot(wild, QStringLiteral("wildedit-open"));
+            wild->MorlNum[3]->click();
+            wild->SelLevel->setText(QStringLiteral("42"));
+            Shoot(wild, QStringLiteral("wildedit-slot3"));
+            wild->SelMorl->showPopup();
+            Shoot(wild, QStringLiteral("wildedit-list-open"), 200);
+            wild->SelMorl->hidePopup();
+            dialogs.AnswerYes();
+            wild->close();
+        }
     }
     form->mnuAbout_Click();
     Shoot(QApplication::activeWindow() ? QApplication::activeWindow() : form,

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <array>
+#include <cstdint>
+
+#include "core/limits.h"
+
+// One species of Morlick.twy.
+struct MorlickEntry {
+    std::int16_t Code = 0;  // as the ROM holds it
+    QString Name;
+    std::int16_t Place = 0;  // place in the species list, from 1
+};
+
+// The species by code and by list place. A code or place that no record
+// names leaves an empty row: code 0, no name, place 0.
+struct MorlickTables {
+    std::array<MorlickEntry, Limits::TableRows> ByCode;
+    std::array<MorlickEntry, Limits::TableRows> ByList;
+    int Count = 0;  // records in the file, and places in the list
+};
+
+// Reads Morlick.twy: no line is skipped, the first field is the count, then
+// each record is a code in hexadecimal digits, a name and a list place. On
+// failure returns false with a message naming the file and the line; the
+// tables are then not to be used.
+bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error);

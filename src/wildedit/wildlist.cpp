@@ -1,0 +1,34 @@
+#include "wildedit/wildlist.h"
+
+#include <QFileInfo>
+
+bool ReadWildList(const QString& romPath, std::int32_t position, WildList& list, QString& error) {
+    RomFile rom;
+    if (!rom.Open(romPath)) {
+        error = rom.Error();
+        return false;
+    }
+    if (!rom.Contains(position, WildListBytes)) {
+        error = QStringLiteral(
+                    "The wild Morlick list at position %1 does not lie inside the ROM file "
+                    "\"%2\", which has %3 bytes.\n\nThe data files do not fit this ROM.")
+                    .arg(position)
+                    .arg(QFileInfo(romPath).fileName())
+                    .arg(rom.Size());
+        return false;
+    }
+    std::int32_t p = position;
+    for (WildSlot& slot : list) {
+        slot.Level = rom.ReadByte(p++);
+        slot.Species = rom.ReadByte(p++);
+    }
+    return true;
+}
+
+void WriteWildList(RomFile& rom, std::int32_t position, const WildList& list) {
+    std::int32_t p = position;
+    for (const WildSlot& slot : list) {
+        rom.RomWriteByte(p++, static_cast<std::uint8_t>(slot.Level));
+        rom.RomWriteByte(p++, static_cast<std::uint8_t>(slot.Species));
+    }
+}
