@@ -317,7 +317,7 @@ void MainForm::mnuWildEdit_Click() {
 }
 
 void MainForm::mnuWarpEdit_Click() {
-    (new WarpEdit(this))->OpenOverOwner();
+    (new WarpEdit(this, mnuGridlines->isChecked()))->OpenOverOwner();
 }
 
 void MainForm::mnuEventEdit_Click() {

@@ -12,11 +12,9 @@ constexpr int ViewLeft = 120;
 constexpr int ViewTop = 120;
 constexpr int BlockTwips = 960;
 constexpr int MapCellTwips = 255;
-constexpr int VerticalLines = 7;    // Line1 to Line7
-constexpr int HorizontalLines = 5;  // Line8 to Line12
 }  // namespace
 
-MapView::MapView(QWidget* form) : QObject(form) {
+MapView::MapView(QWidget* form, int linesPerBlock) : QObject(form), LinesPerBlock_(linesPerBlock) {
     MapTile = new CellArray(form, Limits::ViewSlotsAcross, Limits::ViewSlotsDown, MapCellTwips);
     MapTile->PlaceAt(ViewLeft, ViewTop);
     MapTile->SetAllVisible(false);
@@ -38,28 +36,45 @@ MapView::MapView(QWidget* form) : QObject(form) {
     // The frame and the lines are made after the cells, so they lie above them.
     Shape2 = new Outline(form);
     Shape2->SetRect(ViewLeft, ViewTop, 7695, 5775);
-    for (int k = 1; k <= VerticalLines + HorizontalLines; ++k) {
-        Lines[k] = new Line(form);
-        Lines[k]->hide();
+    const int pitch = BlockTwips / linesPerBlock;
+    const int vertical = Limits::ViewSlotsAcross * linesPerBlock - 1;
+    const int horizontal = Limits::ViewSlotsDown * linesPerBlock - 1;
+    for (int k = 1; k <= vertical; ++k) {
+        const int x = ViewLeft + pitch * k;
+        Vertical.push_back(new Line(form));
+        Vertical.back()->SetEnds(x, ViewTop, x, ViewTop + Shape2->HeightTwips());
     }
-    for (int k = 1; k <= VerticalLines; ++k) {
-        const int x = ViewLeft + BlockTwips * k;
-        Lines[k]->SetEnds(x, ViewTop, x, ViewTop + Shape2->HeightTwips());
+    for (int k = 1; k <= horizontal; ++k) {
+        const int y = ViewTop + pitch * k;
+        Horizontal.push_back(new Line(form));
+        Horizontal.back()->SetEnds(ViewLeft, y, ViewLeft + Shape2->WidthTwips(), y);
     }
-    for (int k = 1; k <= HorizontalLines; ++k) {
-        const int y = ViewTop + BlockTwips * k;
-        Lines[VerticalLines + k]->SetEnds(ViewLeft, y, ViewLeft + Shape2->WidthTwips(), y);
-    }
+    // The names: the lines of the first 7 and 5 come first, the rest after.
+    Lines.push_back(nullptr);
+    for (int k = 0; k < std::min(vertical, 7); ++k)
+        Lines.push_back(Vertical[k]);
+    for (int k = 0; k < std::min(horizontal, 5); ++k)
+        Lines.push_back(Horizontal[k]);
+    for (int k = 7; k < vertical; ++k)
+        Lines.push_back(Vertical[k]);
+    for (int k = 5; k < horizontal; ++k)
+        Lines.push_back(Horizontal[k]);
+    for (Line* line : Vertical)
+        line->hide();
+    for (Line* line : Horizontal)
+        line->hide();
 }
 
 void MapView::HScroll_Change(int value) {
     ViewCol = static_cast<std::int16_t>(value);
     DrawMapTiles();
+    emit Scrolled();
 }
 
 void MapView::VScroll_Change(int value) {
     ViewRow = static_cast<std::int16_t>(value);
     DrawMapTiles();
+    emit Scrolled();
 }
 
 void MapView::SetUpForMap() {
@@ -90,15 +105,16 @@ void MapView::FitFrameAndLines() {
     const int shownHeight = std::clamp<int>(Defines.MapHeight, 0, Limits::ViewSlotsDown);
     Shape2->SetSize(BlockTwips * shownWidth + 15, BlockTwips * shownHeight + 15);
     if (!Gridlines_) return;
-    for (int k = 1; k <= VerticalLines; ++k) {
-        Line* line = Lines[k];
+    // Line k is shown when it lies inside the map: k < lines per block x size.
+    for (size_t k = 1; k <= Vertical.size(); ++k) {
+        Line* line = Vertical[k - 1];
         line->SetEnds(line->X1(), line->Y1(), line->X2(), line->Y1() + Shape2->HeightTwips());
-        line->setVisible(k < Defines.MapWidth);
+        line->setVisible(static_cast<int>(k) < LinesPerBlock_ * Defines.MapWidth);
     }
-    for (int k = 1; k <= HorizontalLines; ++k) {
-        Line* line = Lines[VerticalLines + k];
+    for (size_t k = 1; k <= Horizontal.size(); ++k) {
+        Line* line = Horizontal[k - 1];
         line->SetEnds(line->X1(), line->Y1(), line->X1() + Shape2->WidthTwips(), line->Y2());
-        line->setVisible(k < Defines.MapHeight);
+        line->setVisible(static_cast<int>(k) < LinesPerBlock_ * Defines.MapHeight);
     }
 }
 
@@ -107,8 +123,8 @@ void MapView::SetGridlines(bool on) {
     if (on) {
         FitFrameAndLines();
     } else {
-        for (int k = 1; k <= VerticalLines + HorizontalLines; ++k)
-            Lines[k]->hide();
+        for (size_t n = 1; n < Lines.size(); ++n)
+            Lines[n]->hide();
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include <QObject>
 #include <QScrollBar>
-#include <array>
 #include <cstdint>
+#include <vector>
 
 #include "ui/cellarray.h"
 #include "ui/shapes.h"
@@ -15,8 +15,10 @@ class MapView : public QObject {
     Q_OBJECT
 public:
     // Creates the controls on `form`; the view's top left corner lies at
-    // 120, 120 twips.
-    explicit MapView(QWidget* form);
+    // 120, 120 twips. The gridlines stand `linesPerBlock` to a block: one in
+    // the main window (Line1 to Line12), two in the placement views (Line1 to
+    // Line26).
+    explicit MapView(QWidget* form, int linesPerBlock = 1);
 
     // Sets the view up for a map just read: scroll bars, position back to the
     // top left corner, frame and gridlines, then draws it.
@@ -35,19 +37,28 @@ public:
     QScrollBar* HScroll;
     QScrollBar* VScroll;
     Outline* Shape2;
-    // Line[1] to Line[7] are vertical, Line[8] to Line[12] horizontal; Line[0] is unused.
-    std::array<Line*, 13> Lines{};
+    // The gridlines by their names: Lines[n] is Line<n>, Lines[0] is unused.
+    // Line1 to Line7 are vertical lines 1 to 7 and Line8 to Line12 horizontal
+    // lines 1 to 5; at half-block pitch Line13 to Line20 are vertical lines 8
+    // to 15 and Line21 to Line26 horizontal lines 6 to 11.
+    std::vector<Line*> Lines;
+    // The same lines by direction: Vertical[k - 1] is vertical line k.
+    std::vector<Line*> Vertical;
+    std::vector<Line*> Horizontal;
 
     std::int16_t ViewCol = 1;
     std::int16_t ViewRow = 1;
 
 signals:
     void MouseDown(int index, int button);
+    // After a scroll bar moved the view and the cells were drawn again.
+    void Scrolled();
 
 private:
     void HScroll_Change(int value);
     void VScroll_Change(int value);
     void FitFrameAndLines();
 
+    int LinesPerBlock_;
     bool Gridlines_ = true;
 };

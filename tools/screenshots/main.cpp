@@ -18,6 +18,7 @@
 #include "startup/splash.h"
 #include "startup/versionselect.h"
 #include "ui/programfont.h"
+#include "warpedit/warpedit.h"
 #include "wildedit/wildedit.h"
 
 namespace {
@@ -154,6 +155,36 @@ int main(int argc, char** argv) {
             wild->SelMorl->hidePopup();
             dialogs.AnswerYes();
             wild->close();
+        }
+    }
+    // The warp editor on the first map with both lists: the warps, one moved
+    // onto another's square and selected there, the gridlines off, then the
+    // warp-to points.
+    if (GoToMap(form, [](const auto& map) {
+            return map[MapObjectPos].ToInt32() != NoData && map[MapWarpsOk].IsTrue() &&
+                   map[MapWarpToPos].ToInt32() != NoData;
+        })) {
+        form->mnuWarpEdit_Click();
+        if (auto* warps = form->findChild<WarpEdit*>()) {
+            Shoot(warps, QStringLiteral("warpedit-warps"));
+            if (warps->WarpCount >= 2) {
+                const QPoint at = warps->EntrySquare(0);
+                warps->WarpSym_MouseDown(1);
+                // The cell of square `at`: its block's slot and the quadrant's place.
+                const int bx = at.x() / 2 - (warps->Placement->View->ViewCol - 1);
+                const int by = at.y() / 2 - (warps->Placement->View->ViewRow - 1);
+                if (bx >= 0 && bx < 8 && by >= 0 && by < 6)
+                    warps->MapTile_MouseDown(16 * (bx + 8 * by) + 2 * (at.x() % 2) +
+                                             8 * (at.y() % 2));
+            }
+            Shoot(warps, QStringLiteral("warpedit-selected-over-another"));
+            warps->CheckGrid->setChecked(false);
+            Shoot(warps, QStringLiteral("warpedit-no-gridlines"));
+            warps->CheckGrid->setChecked(true);
+            warps->EditWarpTo->setChecked(true);
+            Shoot(warps, QStringLiteral("warpedit-warp-to"));
+            warps->WarpsChanged = false;
+            warps->close();
         }
     }
     form->mnuAbout_Click();
