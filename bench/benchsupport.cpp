@@ -12,6 +12,15 @@ Fixture::SmallProject BigProject() {
     const int cat = project.AddCategory(QStringLiteral("Big"), 0);
     project.AddMap(cat, QStringLiteral("Wilds"), 255, 255, 0,
                    [](int x, int y) { return (x * 7 + y * 13) % 256; });
+    // A full list of warps and of warp-to points, spread over the top left corner.
+    std::vector<Fixture::Warp> warps;
+    std::vector<Fixture::WarpToPoint> points;
+    for (int i = 0; i < 16; ++i) {
+        warps.push_back({i % 12, i, i, i});
+        points.push_back({0, i % 12, 15 - i});
+    }
+    project.AddWarps(0, warps);
+    project.AddWarpTo(0, points);
     return project;
 }
 }  // namespace

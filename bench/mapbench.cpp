@@ -12,6 +12,7 @@
 #include "rom/romsave.h"
 #include "startup/program.h"
 #include "support/offscreen.h"
+#include "warpedit/warpedit.h"
 
 namespace {
 // The naive load: one system call for every byte, each naming its position.
@@ -116,6 +117,48 @@ static void BM_ScrollStep255(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_ScrollStep255)->Unit(benchmark::kMicrosecond);
+
+// The warp editor: opening it on the big map (reading the warp list and the
+// map anew and drawing the placement view), and one scroll step of its view.
+static void BM_OpenWarpEditor255(benchmark::State& state) {
+    BigMapFolder folder;
+    MainForm* form = folder.StartUp();
+    if (!form) {
+        state.SkipWithError("start-up failed");
+        return;
+    }
+    for (auto _ : state) {
+        form->mnuWarpEdit->trigger();
+        WarpEdit* editor = form->findChild<WarpEdit*>();
+        benchmark::DoNotOptimize(editor);
+        state.PauseTiming();
+        if (editor) editor->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenWarpEditor255)->Unit(benchmark::kMicrosecond);
+
+static void BM_WarpEditorScrollStep255(benchmark::State& state) {
+    BigMapFolder folder;
+    MainForm* form = folder.StartUp();
+    if (form) form->mnuWarpEdit->trigger();
+    WarpEdit* editor = form ? form->findChild<WarpEdit*>() : nullptr;
+    if (!editor) {
+        state.SkipWithError("the warp editor did not open");
+        return;
+    }
+    // The view's cells, lines and symbols, as the screen shows them.
+    const QRect view = editor->Placement->View->Shape2->geometry();
+    QPixmap target(view.size());
+    int value = 1;
+    for (auto _ : state) {
+        value = value % 200 + 1;
+        editor->Placement->View->HScroll->setValue(value);
+        editor->Client()->render(&target, QPoint(), QRegion(view));
+    }
+}
+BENCHMARK(BM_WarpEditorScrollStep255)->Unit(benchmark::kMicrosecond);
 
 // Start-up from the open dialog to the main window on screen.
 static void BM_StartUpToMainWindow(benchmark::State& state) {
