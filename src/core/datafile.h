@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include "core/fieldreader.h"
+
+// The shared steps of reading a data file, with messages that name the file.
+// `consequence` is the sentence that tells the user what cannot go on.
+namespace DataFile {
+
+inline const QString ProgramStops = QStringLiteral("Tarnwey cannot go on without it.");
+
+bool ReadWhole(const QString& path, QByteArray& content, QString& error,
+               const QString& consequence = ProgramStops);
+
+QString Damaged(const QString& path, const QString& what,
+                const QString& consequence = ProgramStops);
+
+// Reads one record of `count` fields into row[first..]. A file that ends
+// inside a record is an error: half a record would give wrong positions in
+// the ROM.
+template <typename Row>
+bool ReadRecord(FieldReader& reader, Row& row, int first, int count, const QString& path,
+                const QString& what, QString& error, const QString& consequence = ProgramStops) {
+    for (int c = 0; c < count; ++c) {
+        if (!reader.ReadField(row[first + c])) {
+            error = Damaged(path,
+                            QStringLiteral("it ends inside the record of %1 (line %2).")
+                                .arg(what)
+                                .arg(reader.Line()),
+                            consequence);
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace DataFile
