@@ -321,7 +321,7 @@ void MainForm::mnuWarpEdit_Click() {
 }
 
 void MainForm::mnuEventEdit_Click() {
-    (new EventEdit(this))->OpenOverOwner();
+    (new EventEdit(this, mnuGridlines->isChecked()))->OpenOverOwner();
 }
 
 void MainForm::mnuAbout_Click() {

@@ -410,7 +410,6 @@ TEST_F(MapEditTest, ModeCommandsHideTheMainWindowUntilTheChildCloses) {
     for (const Entry& e :
          {Entry{form->mnuBlockEdit, QStringLiteral("Tarnwey - Building Block Editor")},
           Entry{form->mnuWarpEdit, QStringLiteral("Warp Editor")},
-          Entry{form->mnuEventEdit, QStringLiteral("Event Editor")},
           Entry{form->mnuAbout, QStringLiteral("About Tarnwey")}}) {
         SCOPED_TRACE(e.caption.toStdString());
         e.action->trigger();

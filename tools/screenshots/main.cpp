@@ -13,6 +13,7 @@
 #include "blockedit/blockedit.h"
 #include "core/defines.h"
 #include "core/scripteddialogs.h"
+#include "eventedit/eventedit.h"
 #include "mapedit/mainform.h"
 #include "startup/program.h"
 #include "startup/splash.h"
@@ -185,6 +186,29 @@ int main(int argc, char** argv) {
             Shoot(warps, QStringLiteral("warpedit-warp-to"));
             warps->WarpsChanged = false;
             warps->close();
+        }
+    }
+    // The event editor on the first map that has events: type 0, an event
+    // selected, the gridlines off, then the next type that has events here.
+    if (GoToMap(form, [](const auto& map) { return map[MapEventsOk].IsTrue(); })) {
+        form->mnuEventEdit_Click();
+        if (auto* events = form->findChild<EventEdit*>()) {
+            Shoot(events, QStringLiteral("eventedit-open"));
+            if (events->EventCount > 1) events->EventSym_MouseDown(1);
+            Shoot(events, QStringLiteral("eventedit-selected"));
+            events->CheckGrid->setChecked(false);
+            Shoot(events, QStringLiteral("eventedit-no-gridlines"));
+            events->CheckGrid->setChecked(true);
+            for (int t = 1; t <= events->LastEventType; ++t) {
+                events->SelType->setCurrentRow(t);
+                events->Command2_Click();
+                if (events->CurEventType == t) {
+                    Shoot(events, QStringLiteral("eventedit-type%1").arg(t));
+                    break;
+                }
+            }
+            events->EventsChanged = false;
+            events->close();
         }
     }
     form->mnuAbout_Click();

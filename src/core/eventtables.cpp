@@ -1,0 +1,119 @@
+#include "core/eventtables.h"
+
+#include "core/datafile.h"
+
+namespace {
+const QString EventsStop = QStringLiteral("The events cannot be edited until it is mended.");
+// The event data files begin with two lines of headings.
+constexpr int HeaderLines = 2;
+
+void SkipHeader(FieldReader& reader) {
+    for (int i = 0; i < HeaderLines; ++i)
+        reader.SkipLine();
+}
+}  // namespace
+
+bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_t& lastType,
+                        QString& error) {
+    QByteArray content;
+    if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
+    FieldReader reader(content);
+    SkipHeader(reader);
+    table = {};
+    if (reader.AtEnd()) {
+        error = DataFile::Damaged(path, QStringLiteral("it holds no event type."), EventsStop);
+        return false;
+    }
+    int row = -1;
+    while (!reader.AtEnd()) {
+        if (++row >= EventTypeRows) {
+            error = DataFile::Damaged(path,
+                                      QStringLiteral("it holds more than %1 event types (line %2).")
+                                          .arg(EventTypeRows)
+                                          .arg(reader.Line()),
+                                      EventsStop);
+            return false;
+        }
+        if (!DataFile::ReadRecord(reader, table[row], 0, EventTypeColumnCount, path,
+                                  QStringLiteral("event type %1").arg(row), error, EventsStop))
+            return false;
+    }
+    lastType = static_cast<std::int16_t>(row);
+    return true;
+}
+
+bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& error) {
+    QByteArray content;
+    if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
+    FieldReader reader(content);
+    SkipHeader(reader);
+    table = {};
+    while (!reader.AtEnd()) {
+        const int line = reader.Line();
+        std::array<Field, EventAddressColumns> record;
+        if (!DataFile::ReadRecord(reader, record, 0, EventAddressColumns, path,
+                                  QStringLiteral("the map on line %1").arg(line), error,
+                                  EventsStop))
+            return false;
+        const int map = record[0].ToInt32();
+        if (record[0].kind() != Field::Kind::Number || map < 0 || map >= Limits::TableRows) {
+            error = DataFile::Damaged(path,
+                                      QStringLiteral("the record on line %1 names map row \"%2\", "
+                                                     "but rows run from 0 to %3.")
+                                          .arg(line)
+                                          .arg(record[0].Written())
+                                          .arg(Limits::TableRows - 1),
+                                      EventsStop);
+            return false;
+        }
+        table[map] = record;
+    }
+    return true;
+}
+
+bool ReadEventLayout(const EventTypeTableT& table, int type, EventLayout& layout, QString& error) {
+    const auto& row = table[type];
+    const QString name = QStringLiteral("The event type \"%1\" (row %2 of EventTypes.twy)")
+                             .arg(row[TypeName].ToText())
+                             .arg(type);
+    EventLayout found;
+    found.ListColumn = row[TypeListColumn].ToInt32();
+    found.RecordSize = row[TypeRecordSize].ToInt32();
+    found.Bias1 = row[TypeBias1].ToInt32();
+    found.Bias2 = row[TypeBias2].ToInt32();
+    found.YField = row[TypeYField].ToInt32();
+    found.XField = row[TypeXField].ToInt32();
+    QString wrong;
+    if (found.ListColumn < 1 || found.ListColumn > EventAddressColumns - 2)
+        wrong = QStringLiteral(
+                    "has its list in column %1 of Events.twy, but lists lie in columns "
+                    "1 to 8")
+                    .arg(found.ListColumn);
+    else if (found.RecordSize < 1 || found.RecordSize > MaxRecordSize)
+        wrong = QStringLiteral("has records of %1 bytes, but a record has 1 to %2")
+                    .arg(found.RecordSize)
+                    .arg(MaxRecordSize);
+    else if (found.YField < 1 || found.YField >= found.RecordSize)
+        wrong = QStringLiteral(
+                    "has its y in byte %1 of records of %2 bytes, which leaves no byte "
+                    "for x after it")
+                    .arg(found.YField)
+                    .arg(found.RecordSize);
+    else if (found.XField != found.YField + 1)
+        wrong = QStringLiteral("has its x in byte %1, but x must follow y (byte %2) directly")
+                    .arg(found.XField)
+                    .arg(found.YField);
+    for (int c = TypeTextField; wrong.isEmpty() && c <= TypeTrainerField; ++c) {
+        const int field = row[c].ToInt32();
+        if (field < 0 || field > found.RecordSize)
+            wrong = QStringLiteral("names byte %1 of records of %2 bytes")
+                        .arg(field)
+                        .arg(found.RecordSize);
+    }
+    if (!wrong.isEmpty()) {
+        error = name + QStringLiteral(" ") + wrong + QStringLiteral(".");
+        return false;
+    }
+    layout = found;
+    return true;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <array>
+#include <cstdint>
+
+#include "core/eventtables.h"
+#include "core/limits.h"
+#include "rom/romfile.h"
+
+// One record of an event list, byte k of the record at [k - 1].
+using EventRecord = std::array<std::int32_t, MaxRecordSize>;
+// Rows 0 to 32: the editor holds at most 32 records, and one row more.
+using EventTable = std::array<EventRecord, Limits::MaxEvents + 1>;
+
+// Where a map's list of a type lies and how long it is.
+struct EventListPlace {
+    std::int32_t Start = 0;
+    int Count = 0;
+    // Set when the list holds more records than the editor can: it then holds
+    // the first ones, and this says so for the user.
+    QString Notice;
+};
+
+// The list of a type on a map: its position and count from Events.twy,
+// records of the type's size from the ROM into `rows`, fields 1 to the size
+// (other fields and rows from the count on stay as they were). False, with a
+// message naming the type and the map, when the ROM cannot be read or the
+// list does not lie wholly inside it; `rows` is then untouched.
+bool ReadEventList(const QString& romPath, int map, const QString& typeName,
+                   const EventLayout& layout, const EventAddressTableT& addresses, EventTable& rows,
+                   EventListPlace& place, QString& error);
+
+// The number of records Events.twy gives a type's list on a map.
+int EventListCount(const EventAddressTableT& addresses, int map, int listColumn);
+
+// Records `count` records of `size` bytes for writing from `start` on.
+void WriteEventList(RomFile& rom, std::int32_t start, const EventTable& rows, int count, int size);
