@@ -21,6 +21,21 @@ Fixture::SmallProject BigProject() {
     }
     project.AddWarps(0, warps);
     project.AddWarpTo(0, points);
+    // Two event types with full lists of 32 records.
+    project.EventTypes.push_back(
+        {QStringLiteral("A"), QStringLiteral("People"), 1, 8, 0, 0, 1, 2, 3, 4, 5, 6, 0, 0, 0});
+    project.EventTypes.push_back(
+        {QStringLiteral("B"), QStringLiteral("Signs"), 3, 5, 4, 4, 2, 3, 4, 0, 0, 0, 0, 0, 0});
+    for (int type = 0; type < 2; ++type) {
+        std::vector<QByteArray> records;
+        for (int i = 0; i < 32; ++i) {
+            QByteArray record(project.EventTypes[type].RecordSize, static_cast<char>(i));
+            record[type] = static_cast<char>(4 + i % 12);
+            record[type + 1] = static_cast<char>(4 + i % 16);
+            records.push_back(record);
+        }
+        project.AddEventList(0, type, records);
+    }
     return project;
 }
 }  // namespace

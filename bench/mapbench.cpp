@@ -7,6 +7,7 @@
 
 #include "bench/benchsupport.h"
 #include "core/defines.h"
+#include "eventedit/eventedit.h"
 #include "mapedit/mapsave.h"
 #include "mapview/maploader.h"
 #include "rom/romsave.h"
@@ -159,6 +160,45 @@ static void BM_WarpEditorScrollStep255(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_WarpEditorScrollStep255)->Unit(benchmark::kMicrosecond);
+
+// The event editor: opening it on the big map with a list of 32 records, and
+// "Go" from one such list to the other.
+static void BM_OpenEventEditor255(benchmark::State& state) {
+    BigMapFolder folder;
+    MainForm* form = folder.StartUp();
+    if (!form) {
+        state.SkipWithError("start-up failed");
+        return;
+    }
+    for (auto _ : state) {
+        form->mnuEventEdit->trigger();
+        EventEdit* editor = form->findChild<EventEdit*>();
+        benchmark::DoNotOptimize(editor);
+        state.PauseTiming();
+        if (editor) editor->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenEventEditor255)->Unit(benchmark::kMicrosecond);
+
+static void BM_EventEditorGo32Records255(benchmark::State& state) {
+    BigMapFolder folder;
+    MainForm* form = folder.StartUp();
+    if (form) form->mnuEventEdit->trigger();
+    EventEdit* editor = form ? form->findChild<EventEdit*>() : nullptr;
+    if (!editor || editor->EventCount != 32) {
+        state.SkipWithError("the event editor did not open on 32 records");
+        return;
+    }
+    int type = 0;
+    for (auto _ : state) {
+        type = 1 - type;
+        editor->SelType->setCurrentRow(type);
+        editor->Command2_Click();
+    }
+}
+BENCHMARK(BM_EventEditorGo32Records255)->Unit(benchmark::kMicrosecond);
 
 // Start-up from the open dialog to the main window on screen.
 static void BM_StartUpToMainWindow(benchmark::State& state) {

@@ -123,10 +123,16 @@ bool EventEdit::LoadEventMap(int type) {
     EventListPlace place;
     LoadedMap loaded;
     QString error;
+    // The ROM is read once for the list and the map.
+    RomFile rom;
+    if (!rom.Open(Defines.RomPath)) {
+        Dialogs().Warn(rom.Error());
+        return false;
+    }
     if (!ReadEventLayout(EventTypeTable, type, layout, error) ||
-        !ReadEventList(Defines.RomPath, Defines.CurMap, EventTypeTable[type][TypeName].ToText(),
-                       layout, EventAddressTable, rows, place, error) ||
-        !ReadMap(Defines.CurMap, loaded, error)) {
+        !ReadEventList(rom, Defines.CurMap, EventTypeTable[type][TypeName].ToText(), layout,
+                       EventAddressTable, rows, place, error) ||
+        !ReadMap(rom, Defines.CurMap, loaded, error)) {
         Dialogs().Warn(error);
         return false;
     }

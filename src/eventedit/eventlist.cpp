@@ -8,9 +8,9 @@ int EventListCount(const EventAddressTableT& addresses, int map, int listColumn)
     return addresses[map][listColumn + 1].ToInt32();
 }
 
-bool ReadEventList(const QString& romPath, int map, const QString& typeName,
-                   const EventLayout& layout, const EventAddressTableT& addresses, EventTable& rows,
-                   EventListPlace& place, QString& error) {
+bool ReadEventList(RomFile& rom, int map, const QString& typeName, const EventLayout& layout,
+                   const EventAddressTableT& addresses, EventTable& rows, EventListPlace& place,
+                   QString& error) {
     const QString mapName = Defines.MapTable[map][MapName].ToText();
     EventListPlace found;
     found.Start = addresses[map][layout.ListColumn].ToInt32();
@@ -34,11 +34,6 @@ bool ReadEventList(const QString& romPath, int map, const QString& typeName,
                            .arg(Limits::MaxEvents);
         count = Limits::MaxEvents;
     }
-    RomFile rom;
-    if (!rom.Open(romPath)) {
-        error = rom.Error();
-        return false;
-    }
     const int bytes = count * layout.RecordSize;
     if (count > 0 && !rom.Contains(found.Start, bytes)) {
         error = QStringLiteral(
@@ -48,7 +43,7 @@ bool ReadEventList(const QString& romPath, int map, const QString& typeName,
                     .arg(typeName, mapName)
                     .arg(bytes)
                     .arg(found.Start)
-                    .arg(QFileInfo(romPath).fileName())
+                    .arg(QFileInfo(rom.Path()).fileName())
                     .arg(rom.Size());
         return false;
     }

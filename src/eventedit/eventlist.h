@@ -25,11 +25,11 @@ struct EventListPlace {
 // The list of a type on a map: its position and count from Events.twy,
 // records of the type's size from the ROM into `rows`, fields 1 to the size
 // (other fields and rows from the count on stay as they were). False, with a
-// message naming the type and the map, when the ROM cannot be read or the
-// list does not lie wholly inside it; `rows` is then untouched.
-bool ReadEventList(const QString& romPath, int map, const QString& typeName,
-                   const EventLayout& layout, const EventAddressTableT& addresses, EventTable& rows,
-                   EventListPlace& place, QString& error);
+// message naming the type and the map, when the list does not lie wholly
+// inside the ROM; `rows` is then untouched.
+bool ReadEventList(RomFile& rom, int map, const QString& typeName, const EventLayout& layout,
+                   const EventAddressTableT& addresses, EventTable& rows, EventListPlace& place,
+                   QString& error);
 
 // The number of records Events.twy gives a type's list on a map.
 int EventListCount(const EventAddressTableT& addresses, int map, int listColumn);

@@ -27,6 +27,15 @@ bool Outside(RomFile& rom, std::int32_t position, std::int32_t count, const QStr
 }  // namespace
 
 bool ReadMap(int map, LoadedMap& loaded, QString& error) {
+    RomFile rom;
+    if (!rom.Open(Defines.RomPath)) {
+        error = rom.Error();
+        return false;
+    }
+    return ReadMap(rom, map, loaded, error);
+}
+
+bool ReadMap(RomFile& rom, int map, LoadedMap& loaded, QString& error) {
     if (map < 0 || map >= Limits::TableRows) {
         error = QStringLiteral("There is no map at row %1.").arg(map);
         return false;
@@ -59,11 +68,6 @@ bool ReadMap(int map, LoadedMap& loaded, QString& error) {
         return false;
     }
 
-    RomFile rom;
-    if (!rom.Open(Defines.RomPath)) {
-        error = rom.Error();
-        return false;
-    }
     const std::int32_t blockPos = set[TilesetBlockPos].ToInt32();
     const std::int32_t borderPos = row[MapObjectPos].ToInt32();
     const std::int32_t gridPos = row[MapGridPos].ToInt32();

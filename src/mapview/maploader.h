@@ -3,6 +3,8 @@
 #include <QString>
 #include <cstdint>
 
+#include "rom/romfile.h"
+
 // What a map load gives besides the shared working state: the border block
 // and the two positions the map save writes back to.
 struct LoadedMap {
@@ -19,3 +21,5 @@ struct LoadedMap {
 // the ROM, nothing of the working state changes and false is returned with a
 // message for the user.
 bool ReadMap(int map, LoadedMap& loaded, QString& error);
+// The same from a ROM file already read, for a command that reads more of it.
+bool ReadMap(RomFile& rom, int map, LoadedMap& loaded, QString& error);

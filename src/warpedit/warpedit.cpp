@@ -131,8 +131,14 @@ bool WarpEdit::LoadWarpMap() {
     WarpListPlace place;
     LoadedMap loaded;
     QString error;
-    if (!ReadWarpList(Defines.RomPath, Defines.CurMap, Mode(), rows, place, error) ||
-        !ReadMap(Defines.CurMap, loaded, error)) {
+    // The ROM is read once for the list and the map.
+    RomFile rom;
+    if (!rom.Open(Defines.RomPath)) {
+        Dialogs().Warn(rom.Error());
+        return false;
+    }
+    if (!ReadWarpList(rom, Defines.CurMap, Mode(), rows, place, error) ||
+        !ReadMap(rom, Defines.CurMap, loaded, error)) {
         Dialogs().Warn(error);
         return false;
     }

@@ -14,26 +14,20 @@ QString WarpFieldName(WarpMode mode, int field) {
 }
 
 namespace {
-QString NotInRom(const QString& what, std::int32_t position, int bytes, const RomFile& rom,
-                 const QString& romPath) {
+QString NotInRom(const QString& what, std::int32_t position, int bytes, const RomFile& rom) {
     return QStringLiteral(
                "The %1 (%2 bytes from position %3) does not lie inside the ROM file \"%4\", "
                "which has %5 bytes.\n\nThe data files do not fit this ROM.")
         .arg(what)
         .arg(bytes)
         .arg(position)
-        .arg(QFileInfo(romPath).fileName())
+        .arg(QFileInfo(rom.Path()).fileName())
         .arg(rom.Size());
 }
 }  // namespace
 
-bool ReadWarpList(const QString& romPath, int map, WarpMode mode, WarpTable& rows,
-                  WarpListPlace& place, QString& error) {
-    RomFile rom;
-    if (!rom.Open(romPath)) {
-        error = rom.Error();
-        return false;
-    }
+bool ReadWarpList(RomFile& rom, int map, WarpMode mode, WarpTable& rows, WarpListPlace& place,
+                  QString& error) {
     const auto& row = Defines.MapTable[map];
     const QString name = row[MapName].ToText();
     int count = 0;
@@ -42,8 +36,7 @@ bool ReadWarpList(const QString& romPath, int map, WarpMode mode, WarpTable& row
         const std::int32_t objects = row[MapObjectPos].ToInt32();
         const std::int32_t countAt = objects + 1;
         if (!rom.Contains(countAt)) {
-            error = NotInRom(QStringLiteral("warp count of map \"%1\"").arg(name), countAt, 1, rom,
-                             romPath);
+            error = NotInRom(QStringLiteral("warp count of map \"%1\"").arg(name), countAt, 1, rom);
             return false;
         }
         count = rom.ReadByte(countAt);
@@ -76,7 +69,7 @@ bool ReadWarpList(const QString& romPath, int map, WarpMode mode, WarpTable& row
         error = NotInRom((mode == WarpMode::Warps ? QStringLiteral("warp list of map \"%1\"")
                                                   : QStringLiteral("warp-to list of map \"%1\""))
                              .arg(name),
-                         found.Start, bytes, rom, romPath);
+                         found.Start, bytes, rom);
         return false;
     }
     std::int32_t p = found.Start;

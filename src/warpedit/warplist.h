@@ -36,13 +36,13 @@ inline int YField(WarpMode mode) {
 // A field's name for messages, from 0.
 QString WarpFieldName(WarpMode mode, int field);
 
-// Finds the list of a map row in the ROM and reads its records into `rows`
+// Finds the list of a map row in the ROM file, read into memory, and reads its records into `rows`
 // (rows from the count on stay as they were). The warp list's count is the
 // byte after the border byte; the warp-to list's count lives only in the
-// Maps file. False, with a message, when the ROM cannot be read or the list
-// does not lie wholly inside it; `rows` is then untouched.
-bool ReadWarpList(const QString& romPath, int map, WarpMode mode, WarpTable& rows,
-                  WarpListPlace& place, QString& error);
+// Maps file. False, with a message, when the list does not lie wholly
+// inside the ROM; `rows` is then untouched.
+bool ReadWarpList(RomFile& rom, int map, WarpMode mode, WarpTable& rows, WarpListPlace& place,
+                  QString& error);
 
 // Records `count` records for writing from `start` on, four bytes each.
 void WriteWarpList(RomFile& rom, std::int32_t start, const WarpTable& rows, int count);
