@@ -199,13 +199,15 @@ void BlockEdit::SaveBlock_Click() {
     const auto before = tiles;
     tiles = EditTiles;
     const std::int32_t first = CurTilesetRow()[TilesetBlockPos].ToInt32();
-    const bool saved =
-        SaveToRom(Defines.RomPath, Defines.ProgramFolder, Backup::Offer, [&](RomFile& rom) {
+    const bool saved = SaveToRom(
+        Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
+        [&](RomFile& rom) {
             std::int32_t p = first;
             for (int b = 0; b <= Defines.BlockCount; ++b)
                 for (const std::int32_t tile : Defines.BlockTiles[b])
                     rom.RomWriteByte(p++, static_cast<std::uint8_t>(tile));
-        });
+        },
+        Defines.RomSize);
     if (!saved) {
         // Nothing reached the ROM: the block in memory stays as the ROM holds
         // it, and the buffer keeps the user's changes for another try.

@@ -11,6 +11,7 @@ void WorkingState::Reset() {
     for (auto& row : MapTable)
         row = {};
     RomPath.clear();
+    RomSize = -1;
     CurTileset = 0;
     CategoryCount = -1;
     CurCategory = 0;

@@ -12,6 +12,9 @@
 struct WorkingState {
     QString ProgramFolder;  // where the data files, the tile bank and temp.twy live
     QString RomPath;
+    // The ROM's length when a map was last read from it; a save refuses a
+    // file whose length has changed since. -1 before the first read.
+    qint64 RomSize = -1;
 
     TilesetTableT TilesetTable;
     std::int16_t CurTileset = 0;

@@ -257,8 +257,9 @@ void EventEdit::Command1_Click() {
     const std::int32_t start = Place_.Start;
     const int count = EventCount;
     const int size = Layout_.RecordSize;
-    if (!SaveToRom(Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
-                   [&](RomFile& rom) { WriteEventList(rom, start, rows, count, size); }))
+    if (!SaveToRom(
+            Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
+            [&](RomFile& rom) { WriteEventList(rom, start, rows, count, size); }, Defines.RomSize))
         return;
     Dialogs().Inform(QStringLiteral("Your changes to the Events have been saved!"));
     EventsChanged = false;

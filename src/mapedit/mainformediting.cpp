@@ -109,9 +109,9 @@ void MainForm::mnuUndo_Click() {
 }
 
 void MainForm::WriteMapTo(const QString& romPath, bool offerBackup) {
-    const bool saved =
-        SaveToRom(romPath, Defines.ProgramFolder, offerBackup ? Backup::Offer : Backup::Skip,
-                  [this](RomFile& rom) { WriteMap(rom, Loaded_, BorderNum); });
+    const bool saved = SaveToRom(
+        romPath, Defines.ProgramFolder, offerBackup ? Backup::Offer : Backup::Skip,
+        [this](RomFile& rom) { WriteMap(rom, Loaded_, BorderNum); }, Defines.RomSize);
     if (!saved) return;
     DrawSideBlocks();
     Dialogs().Inform(QStringLiteral("Your changes to the map have been saved!"));

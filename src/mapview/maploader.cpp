@@ -96,5 +96,6 @@ bool ReadMap(RomFile& rom, int map, LoadedMap& loaded, QString& error) {
     for (int y = 1; y <= height; ++y)
         for (int x = 1; x <= width; ++x)
             Defines.MapGrid[y][x] = static_cast<std::int16_t>(rom.ReadByte(p++) - bias);
+    Defines.RomSize = rom.Size();
     return true;
 }

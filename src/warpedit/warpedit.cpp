@@ -255,8 +255,9 @@ void WarpEdit::Command1_Click() {
     }
     const std::int32_t start = Place_.Start;
     const int count = WarpCount;
-    if (!SaveToRom(Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
-                   [&](RomFile& rom) { WriteWarpList(rom, start, rows, count); }))
+    if (!SaveToRom(
+            Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
+            [&](RomFile& rom) { WriteWarpList(rom, start, rows, count); }, Defines.RomSize))
         return;
     Dialogs().Inform(QStringLiteral("Your changes to the warps have been saved!"));
     WarpsChanged = false;

@@ -126,8 +126,9 @@ void WildEdit::SelLevel_Change(const QString& text) {
 
 void WildEdit::Command1_Click() {
     const std::int32_t position = CurMapRow()[MapWildPos].ToInt32();
-    if (!SaveToRom(Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
-                   [&](RomFile& rom) { WriteWildList(rom, position, WildData); }))
+    if (!SaveToRom(
+            Defines.RomPath, Defines.ProgramFolder, Backup::Offer,
+            [&](RomFile& rom) { WriteWildList(rom, position, WildData); }, Defines.RomSize))
         return;
     Dialogs().Inform(QStringLiteral("Your changes to the wild Morlick have been saved!"));
 }
