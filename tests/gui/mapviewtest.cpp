@@ -1,132 +1,117 @@
 #include <QTest>
 
 #include "core/defines.h"
-#include "mapview/compose.h"
 #include "mapview/tiles.h"
 #include "support/apptest.h"
 
 namespace {
-// Maps of every width and height from 1 to 9, with a block number that tells
-// the square: block = (x + 3 * y) % 21.
+// Maps of every width and height from 1 to 9 and four more sizes, with a
+// block number that tells the square: block = (x + 3 * y) % 21.
 Fixture::SmallProject SizesProject() {
     Fixture::SmallProject project(256 * 1024);
     project.AddTileset(20, 2, 0);
     const int sizes = project.AddCategory(QStringLiteral("Sizes"), 0);
+    const auto block = [](int x, int y) { return (x + 3 * y) % 21; };
     for (int n = 1; n <= 9; ++n)
-        project.AddMap(sizes, QStringLiteral("Square %1").arg(n), n, n, 0,
-                       [](int x, int y) { return (x + 3 * y) % 21; });
-    project.AddMap(sizes, QStringLiteral("Eight by three"), 8, 3, 0, [](int, int) { return 1; });
-    project.AddMap(sizes, QStringLiteral("Nine by six"), 9, 6, 0,
-                   [](int x, int y) { return (x + 3 * y) % 21; });
-    project.AddMap(sizes, QStringLiteral("Eight by six"), 8, 6, 0, [](int, int) { return 2; });
-    project.AddMap(sizes, QStringLiteral("Wide"), 40, 30, 0,
-                   [](int x, int y) { return (x + 3 * y) % 21; });
+        project.AddMap(sizes, QStringLiteral("Square %1").arg(n), n, n, 0, block);
+    project.AddMap(sizes, QStringLiteral("Eight by three"), 8, 3, 0, block);
+    project.AddMap(sizes, QStringLiteral("Nine by six"), 9, 6, 0, block);
+    project.AddMap(sizes, QStringLiteral("Eight by six"), 8, 6, 0, block);
+    project.AddMap(sizes, QStringLiteral("Wide"), 40, 30, 0, block);
     return project;
 }
 
-int ExpectedSide(int blocks, int most) {
-    return 960 * std::min(blocks, most) + 15;
+// The bank picture at a place of the square (x, y) of a SizesProject map:
+// the fixture's tileset has tile (b * 3 + t) % 94 at place t of block b.
+const QPixmap* PictureAt(int x, int y, int place) {
+    return TilePicture(((x + 3 * y) % 21 * 3 + place) % 94);
 }
 }  // namespace
 
 class MapViewTest : public AppTest {};
 
-TEST_F(MapViewTest, FrameAndGridlinesFitEveryMapSizeFromOneToNine) {
+// The frame, the gridlines, the scroll bars and the cells shown follow the
+// size of each map; at most 8 x 6 blocks are in view.
+TEST_F(MapViewTest, FrameGridlinesScrollBarsAndCellsFitTheMapSize) {
     MainForm* form = StartUp(SizesProject());
     ASSERT_NE(form, nullptr);
     MapView* view = form->View;
-    for (int n = 1; n <= 9; ++n) {
-        SCOPED_TRACE(n);
-        GoTo(form, 0, n - 1);
-        ASSERT_EQ(Defines.MapWidth, n);
-        EXPECT_EQ(view->Shape2->WidthTwips(), ExpectedSide(n, 8));
-        EXPECT_EQ(view->Shape2->HeightTwips(), ExpectedSide(n, 6));
+    struct Case {
+        int cols, rows, frameWidth, frameHeight;
+    };
+    const Case cases[] = {
+        {1, 1, 975, 975},     {2, 2, 1935, 1935}, {3, 3, 2895, 2895}, {4, 4, 3855, 3855},
+        {5, 5, 4815, 4815},   {6, 6, 5775, 5775}, {7, 7, 6735, 5775}, {8, 8, 7695, 5775},
+        {9, 9, 7695, 5775},   {8, 3, 7695, 2895}, {9, 6, 7695, 5775}, {8, 6, 7695, 5775},
+        {40, 30, 7695, 5775},
+    };
+    for (int row = 0; row < static_cast<int>(std::size(cases)); ++row) {
+        const Case& c = cases[row];
+        SCOPED_TRACE(QStringLiteral("%1 x %2").arg(c.cols).arg(c.rows).toStdString());
+        GoTo(form, 0, row);
+        ASSERT_EQ(Defines.MapWidth, c.cols);
+        ASSERT_EQ(Defines.MapHeight, c.rows);
         EXPECT_EQ(view->Shape2->LeftTwips(), 120);
+        EXPECT_EQ(view->Shape2->TopTwips(), 120);
+        EXPECT_EQ(view->Shape2->WidthTwips(), c.frameWidth);
+        EXPECT_EQ(view->Shape2->HeightTwips(), c.frameHeight);
+        // Vertical lines 1 to 7 between the columns, horizontal lines 8 to 12
+        // between the rows, each running the frame's length.
         for (int k = 1; k <= 7; ++k) {
-            EXPECT_EQ(view->Lines[k]->isVisibleTo(form), k < n) << "vertical " << k;
+            EXPECT_EQ(view->Lines[k]->isVisibleTo(form), k < c.cols) << "vertical " << k;
             EXPECT_EQ(view->Lines[k]->X1(), 120 + 960 * k);
             EXPECT_EQ(view->Lines[k]->Y1(), 120);
-            EXPECT_EQ(view->Lines[k]->Y2(), 120 + ExpectedSide(n, 6));
+            EXPECT_EQ(view->Lines[k]->Y2(), 120 + c.frameHeight);
         }
         for (int k = 1; k <= 5; ++k) {
-            EXPECT_EQ(view->Lines[7 + k]->isVisibleTo(form), k < n) << "horizontal " << k;
+            EXPECT_EQ(view->Lines[7 + k]->isVisibleTo(form), k < c.rows) << "horizontal " << k;
             EXPECT_EQ(view->Lines[7 + k]->Y1(), 120 + 960 * k);
-            EXPECT_EQ(view->Lines[7 + k]->X2(), 120 + ExpectedSide(n, 8));
+            EXPECT_EQ(view->Lines[7 + k]->X2(), 120 + c.frameWidth);
         }
-        EXPECT_EQ(view->HScroll->isVisibleTo(form), n > 8);
-        EXPECT_EQ(view->VScroll->isVisibleTo(form), n > 6);
-        // Exactly the cells of the slots on the map are visible.
+        EXPECT_EQ(view->HScroll->isVisibleTo(form), c.cols > 8);
+        EXPECT_EQ(view->VScroll->isVisibleTo(form), c.rows > 6);
         for (int i = 0; i < 768; ++i) {
             const int slot = i / 16;
-            const bool onMap = slot % 8 < n && slot / 8 < n;
-            ASSERT_EQ(view->MapTile->CellVisible(i), onMap) << "cell " << i;
+            ASSERT_EQ(view->MapTile->CellVisible(i), slot % 8 < c.cols && slot / 8 < c.rows)
+                << "cell " << i;
         }
     }
 }
 
-TEST_F(MapViewTest, EightByThreeHasAllVerticalLinesEndingAtTheFrame) {
+// Each bar scrolls one square a step, until the last column or row reaches
+// the view's edge; a new map starts in its top left corner again.
+TEST_F(MapViewTest, ScrollingShowsTheSquaresFromTheScrollPosition) {
     MainForm* form = StartUp(SizesProject());
     ASSERT_NE(form, nullptr);
-    GoTo(form, 0, 9);
-    ASSERT_EQ(Defines.MapWidth, 8);
-    ASSERT_EQ(Defines.MapHeight, 3);
-    for (int k = 1; k <= 7; ++k) {
-        EXPECT_TRUE(form->View->Lines[k]->isVisibleTo(form));
-        EXPECT_EQ(form->View->Lines[k]->Y2() - form->View->Lines[k]->Y1(), 2895);
-    }
-    EXPECT_TRUE(form->View->Lines[8]->isVisibleTo(form));
-    EXPECT_TRUE(form->View->Lines[9]->isVisibleTo(form));
-    EXPECT_FALSE(form->View->Lines[10]->isVisibleTo(form));
-}
-
-TEST_F(MapViewTest, NineBySixScrollsToShowColumnsTwoToNine) {
-    MainForm* form = StartUp(SizesProject());
-    ASSERT_NE(form, nullptr);
-    GoTo(form, 0, 10);
     MapView* view = form->View;
-    EXPECT_TRUE(view->HScroll->isVisibleTo(form));
-    EXPECT_FALSE(view->VScroll->isVisibleTo(form));
+    GoTo(form, 0, 10);  // 9 x 6
     EXPECT_EQ(view->HScroll->minimum(), 1);
     EXPECT_EQ(view->HScroll->maximum(), 2);
     EXPECT_EQ(view->HScroll->pageStep(), 7);
     EXPECT_EQ(view->HScroll->singleStep(), 1);
     view->HScroll->setValue(2);
     EXPECT_EQ(view->ViewCol, 2);
-    // Slot 0 now shows column 2 of row 1, slot 7 column 9.
-    for (int slot : {0, 7, 47}) {
-        const int x = 2 + slot % 8;
-        const int y = 1 + slot / 8;
-        const int block = (x + 3 * y) % 21;
+    for (int slot : {0, 7, 47})
         for (int t = 0; t < 16; ++t)
             ASSERT_EQ(view->MapTile->Picture(16 * slot + t),
-                      TilePicture(TileIndex(Defines.BlockTiles[block][t])))
+                      PictureAt(2 + slot % 8, 1 + slot / 8, t))
                 << "slot " << slot << " place " << t;
-    }
-}
 
-TEST_F(MapViewTest, ScrollMaximaAndTheEightBySixMapThatFitsExactly) {
-    MainForm* form = StartUp(SizesProject());
-    ASSERT_NE(form, nullptr);
-    GoTo(form, 0, 11);
-    EXPECT_FALSE(form->View->HScroll->isVisibleTo(form));
-    EXPECT_FALSE(form->View->VScroll->isVisibleTo(form));
-    EXPECT_EQ(form->View->Shape2->WidthTwips(), 7695);
-    EXPECT_EQ(form->View->Shape2->HeightTwips(), 5775);
+    GoTo(form, 0, 12);  // 40 x 30
+    EXPECT_EQ(view->HScroll->maximum(), 33);
+    EXPECT_EQ(view->VScroll->maximum(), 25);
+    EXPECT_EQ(view->VScroll->pageStep(), 6);
+    EXPECT_EQ(view->VScroll->singleStep(), 1);
+    view->VScroll->setValue(25);
+    view->HScroll->setValue(33);
+    EXPECT_EQ(view->MapTile->Picture(0), PictureAt(33, 25, 0));
+    EXPECT_EQ(view->MapTile->Picture(16 * 47 + 5), PictureAt(40, 30, 5));
     GoTo(form, 0, 12);
-    EXPECT_EQ(form->View->HScroll->maximum(), 40 - 7);
-    EXPECT_EQ(form->View->VScroll->maximum(), 30 - 5);
-    EXPECT_EQ(form->View->VScroll->pageStep(), 6);
-    form->View->VScroll->setValue(25);
-    form->View->HScroll->setValue(33);
-    // The last slot shows the map's last square.
-    const int block = (40 + 3 * 30) % 21;
-    EXPECT_EQ(form->View->MapTile->Picture(16 * 47 + 5),
-              TilePicture(TileIndex(Defines.BlockTiles[block][5])));
-    // A new map puts the view back in its top left corner.
-    GoTo(form, 0, 12);
-    EXPECT_EQ(form->View->ViewCol, 1);
-    EXPECT_EQ(form->View->ViewRow, 1);
-    EXPECT_EQ(form->View->HScroll->value(), 1);
+    EXPECT_EQ(view->ViewCol, 1);
+    EXPECT_EQ(view->ViewRow, 1);
+    EXPECT_EQ(view->HScroll->value(), 1);
+    EXPECT_EQ(view->VScroll->value(), 1);
+    EXPECT_EQ(view->MapTile->Picture(16 * 47 + 5), PictureAt(8, 6, 5));
 }
 
 TEST_F(MapViewTest, GridlinesToggleAndFollowTheMapLoadedWhileOff) {
@@ -134,9 +119,7 @@ TEST_F(MapViewTest, GridlinesToggleAndFollowTheMapLoadedWhileOff) {
     ASSERT_NE(form, nullptr);
     GoTo(form, 0, 1);  // 2 x 2
     ASSERT_TRUE(form->mnuGridlines->isChecked());
-    EXPECT_EQ(form->mnuGridlines->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_G));
     EXPECT_TRUE(form->View->Lines[1]->isVisibleTo(form));
-    EXPECT_EQ(form->View->Lines[1]->X1(), 1080);
     form->mnuGridlines->trigger();
     EXPECT_FALSE(form->mnuGridlines->isChecked());
     for (int k = 1; k <= 12; ++k)
@@ -159,7 +142,6 @@ TEST_F(MapViewTest, HiddenSlotsOfASmallMapTakeNoPress) {
     PressCell(form->View->MapTile, 16);  // slot 1, outside the map
     EXPECT_FALSE(form->MapChanged);
     EXPECT_EQ(Defines.MapGrid[1][2], before);
-    EXPECT_EQ(form->View->MapTile->CellAt(form->View->MapTile->CellCentre(16)), -1);
     PressCell(form->View->MapTile, 5);
     EXPECT_TRUE(form->MapChanged);
 }
@@ -207,8 +189,6 @@ TEST_F(MapViewTest, BlockNumbersOutsideTheTableDrawTheNoPictureCell) {
     EXPECT_EQ(Defines.MapGrid[1][1], -7);
     EXPECT_EQ(Defines.MapGrid[1][2], 245);
     EXPECT_EQ(form->View->MapTile->Picture(0), Tiles::Bank().NoPicture());
-    // Block 245 is a row of the table, which keeps what it held.
-    EXPECT_NE(form->View->MapTile->Picture(16), nullptr);
     // Picking the odd square up beeps and leaves the palette alone.
     const int curBlock = form->CurBlock;
     PressCell(form->View->MapTile, 0, Qt::RightButton);
