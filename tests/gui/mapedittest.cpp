@@ -209,6 +209,27 @@ TEST_F(MapEditTest, SaveWritesOnlyTheBorderByteAndTheGrid) {
     EXPECT_EQ(Script.Count(QStringLiteral("Do you want to exit Tarnwey?")), 1);
 }
 
+// The last row and the last column are saved too: the bottom right square,
+// painted after scrolling the view to it, is the last byte of the grid.
+TEST_F(MapEditTest, SaveWritesTheBottomRightSquareReachedByScrolling) {
+    const Fixture::SmallProject project = EditProject();
+    MainForm* form = StartUp(project);
+    ASSERT_NE(form, nullptr);
+    const QByteArray before = ReadFile(Defines.RomPath);
+    QTest::keyClick(form->View->HScroll, Qt::Key_End);
+    QTest::keyClick(form->View->VScroll, Qt::Key_End);
+    PressCell(form->SideBlock, 16 * 5);
+    PressCell(form->View->MapTile, 16 * 47 + 15);  // the last slot
+    EXPECT_EQ(Defines.MapGrid[9][12], 5);
+    Script.AnswerNo();  // no backup
+    form->mnuSave->trigger();
+    EXPECT_EQ(Script.Count(SavedMessage), 1);
+    const QByteArray after = ReadFile(Defines.RomPath);
+    const int last = project.Categories[0].Maps[0].GridPos + 12 * 9 - 1;
+    EXPECT_EQ(Differences(before, after), (std::vector<int>{last}));
+    EXPECT_EQ(static_cast<quint8>(after[last - 1]), 5 + 2);
+}
+
 TEST_F(MapEditTest, SaveOfAMapWithoutObjectDataWritesPositionOneBackUnchanged) {
     const Fixture::SmallProject project = EditProject();
     MainForm* form = StartUp(project);
