@@ -4,8 +4,8 @@
 #include "support/apptest.h"
 
 namespace {
-// Three categories: one of maps with every combination of editor data, one
-// with no maps, one more.
+// Three categories: one of maps with editor data in different combinations,
+// one with no maps, one more.
 Fixture::SmallProject NavigationProject() {
     Fixture::SmallProject project;
     project.AddTileset(20, 0);
@@ -20,7 +20,6 @@ Fixture::SmallProject NavigationProject() {
     project.Map(bare).ObjectPos = 1;
     project.Map(bare).EventsOk = false;
     project.Map(noWarps).WarpsOk = false;
-    project.Map(noWarps).WildPos = 0x200;
     project.AddCategory(QStringLiteral("Nothing here"), 3);
     const int more = project.AddCategory(QStringLiteral("More, with a comma"), 10);
     project.AddMap(more, QStringLiteral("Far, away"), 5, 1, 0, [](int, int) { return 6; });
@@ -44,7 +43,7 @@ TEST_F(NavigationTest, GoSetsTheEditorCommandsFromTheMapRow) {
         bool border, warps, wild, events;
     };
     for (const Case& c : {Case{0, true, true, true, true}, Case{1, false, false, false, false},
-                          Case{2, true, false, true, true}, Case{0, true, true, true, true}}) {
+                          Case{2, true, false, false, true}, Case{0, true, true, true, true}}) {
         SCOPED_TRACE(c.row);
         GoTo(form, 0, c.row);
         EXPECT_EQ(Defines.CurMap, c.row);
@@ -59,7 +58,7 @@ TEST_F(NavigationTest, GoSetsTheEditorCommandsFromTheMapRow) {
     }
 }
 
-TEST_F(NavigationTest, BrowsingTheListsLoadsNothingAndAsksNothing) {
+TEST_F(NavigationTest, BrowsingTheListsShowsTheNotesAndLoadsNothing) {
     MainForm* form = StartUp(NavigationProject());
     ASSERT_NE(form, nullptr);
     PressCell(form->View->MapTile, 0);
@@ -70,6 +69,8 @@ TEST_F(NavigationTest, BrowsingTheListsLoadsNothingAndAsksNothing) {
     ASSERT_EQ(form->MapList->count(), 1);
     EXPECT_EQ(form->MapList->item(0)->text(), QStringLiteral("Far, away"));
     EXPECT_EQ(form->MapComment->text(), QStringLiteral("Note of Far, away"));
+    PressRow(form->MapList, 0);
+    EXPECT_EQ(form->MapComment->text(), QStringLiteral("Note of Far, away"));
     PressRow(form->CatList, 0);
     PressRow(form->MapList, 2);
     EXPECT_EQ(form->MapComment->text(), QStringLiteral("Note of No warps"));
@@ -77,11 +78,7 @@ TEST_F(NavigationTest, BrowsingTheListsLoadsNothingAndAsksNothing) {
     EXPECT_EQ(Defines.MapGrid[1][1], painted);
     EXPECT_TRUE(form->MapChanged);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
-}
-
-TEST_F(NavigationTest, KeysMoveTheCategorySelectionWithoutRunningTheHandler) {
-    MainForm* form = StartUp(NavigationProject());
-    ASSERT_NE(form, nullptr);
+    // Keys move the selection without running the handler.
     form->CatList->setFocus();
     QTest::keyClick(form->CatList, Qt::Key_Down);
     EXPECT_EQ(form->CatList->currentRow(), 1);
