@@ -181,20 +181,9 @@ TEST_F(StartupTest, FileOpenRunsStartUpAgainWithTheEarlierVersionChosen) {
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
 }
 
-TEST_F(StartupTest, FileOpenWithChangesAnsweredYesThenCancelledEndsTheProgram) {
-    MainForm* form = StartUp(TwoTilesetProject());
-    ASSERT_NE(form, nullptr);
-    PressCell(form->View->MapTile, 0);
-    ASSERT_TRUE(form->MapChanged);
-    Script.AnswerYes();
-    Script.CancelFile();
-    form->mnuOpen->trigger();
-    EXPECT_EQ(Script.Count(QStringLiteral("Discard the changes you have made?")), 1);
-    EXPECT_TRUE(Program::Ended());
-    EXPECT_EQ(Program::MainWindow(), nullptr);
-}
-
-TEST_F(StartupTest, FileOpenAnsweredNoKeepsTheWindowAndItsChanges) {
+// With changes made, File Open asks first: No keeps the window and its
+// changes; Yes goes on to the chooser, whose Cancel ends the program.
+TEST_F(StartupTest, FileOpenWithChangesAsksBeforeStartingAgain) {
     MainForm* form = StartUp(TwoTilesetProject());
     ASSERT_NE(form, nullptr);
     PressCell(form->View->MapTile, 0);
@@ -204,4 +193,11 @@ TEST_F(StartupTest, FileOpenAnsweredNoKeepsTheWindowAndItsChanges) {
     EXPECT_TRUE(form->isVisible());
     EXPECT_TRUE(form->MapChanged);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 1);  // only the first start
+
+    Script.AnswerYes();
+    Script.CancelFile();
+    form->mnuOpen->trigger();
+    EXPECT_EQ(Script.Count(QStringLiteral("Discard the changes you have made?")), 2);
+    EXPECT_TRUE(Program::Ended());
+    EXPECT_EQ(Program::MainWindow(), nullptr);
 }
