@@ -20,6 +20,7 @@ bool RomFile::Open(const QString& path) {
         return false;
     }
     Bytes_ = file.readAll();
+    Before_ = Bytes_;  // shared until the first write
     if (file.error() != QFileDevice::NoError) {
         Error_ = QStringLiteral("The ROM file \"%1\" could not be read (%2).")
                      .arg(QFileInfo(path).fileName(), file.errorString());
@@ -79,15 +80,17 @@ bool RomFile::Close() {
     if (nothingToWrite) return !Failed();
 
     // Open for reading and writing: this never truncates the file, and a ROM
-    // that vanished since Open is not made again as an empty file.
+    // that vanished since Open is not made again as an empty file. Unbuffered,
+    // so that a refused write is known at the run that caused it.
     QFile file(Path_);
     QString why;
-    if (FileOps::ShouldFail(FileOps::Op::Write))
-        why = QStringLiteral("the disk refused the write");
-    else if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
         why = file.errorString();
     else if (file.size() != Bytes_.size())
         why = QStringLiteral("its length changed while it was open");  // never write past its end
+    // The bytes that reached the file so far, so that a write failing half-way
+    // (a full disk, a file size limit, a failing device) can put them back.
+    std::vector<std::pair<qint64, qint64>> reached;
     qint64 offset = first;
     while (why.isEmpty() && offset <= last) {
         if (!written[offset]) {
@@ -97,17 +100,33 @@ bool RomFile::Close() {
         qint64 end = offset;
         while (end <= last && written[end])
             ++end;
-        if (!file.seek(offset) ||
-            file.write(Bytes_.constData() + offset, end - offset) != end - offset)
+        qint64 done = 0;
+        if (FileOps::ShouldFail(FileOps::Op::Write))
+            why = QStringLiteral("the disk refused the write");
+        else if (!file.seek(offset) ||
+                 (done = file.write(Bytes_.constData() + offset, end - offset)) != end - offset)
             why = file.errorString();
+        if (done > 0) reached.emplace_back(offset, offset + done);
         offset = end;
     }
     if (why.isEmpty() && !file.flush()) why = file.errorString();
-    file.close();
-    if (!why.isEmpty()) {
-        Error_ = QStringLiteral("The ROM file \"%1\" could not be written (%2).")
-                     .arg(QFileInfo(Path_).fileName(), why);
-        return false;
+    if (why.isEmpty()) {
+        Before_ = Bytes_;
+        return true;
     }
-    return true;
+
+    bool restored = true;
+    for (const auto& [from, to] : reached)
+        restored = file.seek(from) &&
+                   file.write(Before_.constData() + from, to - from) == to - from && restored;
+    restored = file.flush() && restored;
+    file.close();
+    Bytes_ = Before_;
+    Error_ = QStringLiteral("The ROM file \"%1\" could not be written (%2).")
+                 .arg(QFileInfo(Path_).fileName(), why);
+    if (!reached.empty() && !restored)
+        Error_ += QStringLiteral(
+            "\n\nPart of the changes may have reached the ROM before the write "
+            "failed. If you made a backup, it holds the ROM as it was before this save.");
+    return false;
 }

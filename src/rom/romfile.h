@@ -28,7 +28,8 @@ public:
     void RomWriteByte(std::int32_t position, std::uint8_t value);
 
     // Writes the recorded bytes into the file. Returns false, with a message,
-    // when a position was refused or the disk refused the write.
+    // when a position was refused or the disk refused the write; a write that
+    // fails part of the way puts back the bytes it had already replaced.
     bool Close();
 
     bool Failed() const { return !Error_.isEmpty(); }
@@ -40,6 +41,7 @@ private:
 
     QString Path_;
     QByteArray Bytes_;
+    QByteArray Before_;  // the file as Open read it
     // One mark per byte of the file for the bytes written since Open, and the
     // range that holds them, so Close looks only where writing happened.
     std::vector<bool> Written_;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <sys/resource.h>
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QString>
+#include <csignal>
 
 // Small file helpers for the model tests.
 namespace TestFiles {
@@ -31,5 +33,30 @@ inline QByteArray Pattern(int size) {
         bytes[i] = static_cast<char>((i * 7 + 3) & 0xFF);
     return bytes;
 }
+
+// While it lives, no file of this process may grow past `bytes`, nor be
+// written beyond that offset: the kernel's file size limit, which stops root
+// too, stands in for a disk that is full. Writes past the limit fail with an
+// error instead of ending the process.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &Old_);
+        OldSignal_ = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit = Old_;
+        limit.rlim_cur = bytes;
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &Old_);
+        std::signal(SIGXFSZ, OldSignal_);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit Old_{};
+    void (*OldSignal_)(int) = nullptr;
+};
 
 }  // namespace TestFiles

@@ -7,6 +7,7 @@
 
 #include "model/files.h"
 #include "model/printers.h"
+#include "rom/fileops.h"
 #include "rom/romfile.h"
 
 namespace {
@@ -186,4 +187,46 @@ TEST_F(RomFileTest, FileWhoseLengthChangedIsNotWritten) {
         EXPECT_TRUE(rom.Error().contains(QStringLiteral("Red.gb"))) << rom.Error().toStdString();
         EXPECT_EQ(OnDisk(), changed);
     }
+}
+
+// A write that fails after some runs of bytes reached the disk puts their old
+// bytes back: the ROM is never left half saved. Runs are written in file order.
+TEST_F(RomFileTest, WriteFailingPartWayPutsBackWhatItReplaced) {
+    const auto writeThreeRuns = [](RomFile& rom) {
+        rom.RomWriteByte(2, 0x11);
+        rom.RomWriteByte(3, 0x12);
+        rom.RomWriteByte(30, 0x22);
+        rom.RomWriteByte(RomSize, 0x33);
+    };
+    for (int failing = 1; failing <= 3; ++failing) {
+        SCOPED_TRACE(failing);
+        RomFile rom;
+        ASSERT_TRUE(rom.Open(Path));
+        writeThreeRuns(rom);
+        FileOps::FailOn(FileOps::Op::Write, failing);
+        EXPECT_FALSE(rom.Close());
+        FileOps::ClearFaults();
+        EXPECT_TRUE(rom.Error().contains(QStringLiteral("could not be written")))
+            << rom.Error().toStdString();
+        EXPECT_EQ(OnDisk().toHex(' '), Original.toHex(' '));
+    }
+
+    // The same with a real refusal: a file size limit below the last run's
+    // offset lets the first runs through and stops the last one.
+    RomFile rom;
+    ASSERT_TRUE(rom.Open(Path));
+    writeThreeRuns(rom);
+    {
+        const TestFiles::FileSizeLimit limit(RomSize / 2 + 1);
+        EXPECT_FALSE(rom.Close());
+    }
+    EXPECT_FALSE(rom.Error().contains(QStringLiteral("Part of the changes")))
+        << rom.Error().toStdString();
+    EXPECT_EQ(OnDisk().toHex(' '), Original.toHex(' '));
+
+    // The file is usable for the next command, which starts from the disk.
+    ASSERT_TRUE(rom.Open(Path));
+    writeThreeRuns(rom);
+    ASSERT_TRUE(rom.Close()) << rom.Error().toStdString();
+    EXPECT_EQ(static_cast<std::uint8_t>(OnDisk()[RomSize - 1]), 0x33);
 }

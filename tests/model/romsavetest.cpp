@@ -280,6 +280,9 @@ TEST_F(RomSave, PositionOutsideTheRomSavesNothingAndWarnsOnce) {
 
 TEST_F(RomSave, MissingRomIsToldAndNotMadeAgain) {
     ASSERT_TRUE(QFile::remove(RomPath));
+    // The backup of an earlier save may now be the only copy of the ROM.
+    const QByteArray older("older backup");
+    ASSERT_TRUE(TestFiles::Write(Bak(), older));
     EXPECT_FALSE(Save(Backup::Skip, {1}, 0x01));
     EXPECT_FALSE(Wrote);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
@@ -290,7 +293,8 @@ TEST_F(RomSave, MissingRomIsToldAndNotMadeAgain) {
     EXPECT_FALSE(Save(Backup::Offer, {1}, 0x01));
     EXPECT_FALSE(Wrote);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0) << Transcript().toStdString();
     EXPECT_FALSE(QFile::exists(RomPath));
-    EXPECT_FALSE(QFile::exists(Bak()));
+    EXPECT_EQ(TestFiles::Read(Bak()), older);
     EXPECT_FALSE(QFile::exists(Temp()));
 }
