@@ -23,10 +23,14 @@ bool ReadsAsFlag(const QString& s, bool& value) {
 
 FieldReader::FieldReader(const QByteArray& content) {
     // Data files are plain text; one that is not valid UTF-8 is read as Latin-1,
-    // so that a name with an accent from an older editor still reads.
+    // so that a name with an accent from an older editor still reads. A byte
+    // order mark in front is no part of the text either way.
     QStringDecoder utf8(QStringDecoder::Utf8);
     Text_ = utf8.decode(content);
-    if (utf8.hasError()) Text_ = QString::fromLatin1(content);
+    if (utf8.hasError()) {
+        const QByteArray mark("\xEF\xBB\xBF");
+        Text_ = QString::fromLatin1(content.startsWith(mark) ? content.mid(mark.size()) : content);
+    }
 }
 
 bool FieldReader::AtLineEnd() const {
