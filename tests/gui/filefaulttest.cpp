@@ -65,6 +65,24 @@ struct Saver {
     std::function<bool(MainForm*, QWidget*)> changed;
 };
 
+// The warp editor in one of its modes: the first symbol moved to another square.
+Saver WarpSaver(const char* name, bool warpTo) {
+    return {name,
+            [warpTo](MainForm* f) -> QWidget* {
+                f->mnuWarpEdit->trigger();
+                WarpEdit* w = Shown<WarpEdit>(f);
+                if (!w) return nullptr;
+                if (warpTo) w->EditWarpTo->click();
+                QTest::mousePress(w->WarpSym[0], Qt::LeftButton);
+                PressCell(w->Placement->View->MapTile, 16 * 2 + 3);
+                return w;
+            },
+            [](MainForm*, QWidget* w) {
+                QTest::mouseClick(static_cast<WarpEdit*>(w)->Command1, Qt::LeftButton);
+            },
+            [](MainForm*, QWidget* w) { return static_cast<WarpEdit*>(w)->WarpsChanged; }};
+}
+
 std::vector<Saver> Savers() {
     const auto press = [](QWidget* w) { QTest::mouseClick(w, Qt::LeftButton); };
     return {
@@ -86,29 +104,8 @@ std::vector<Saver> Savers() {
          },
          [press](MainForm*, QWidget* w) { press(static_cast<BlockEdit*>(w)->SaveBlock); },
          [](MainForm*, QWidget* w) { return static_cast<BlockEdit*>(w)->BlockChanged; }},
-        {"warps",
-         [](MainForm* f) -> QWidget* {
-             f->mnuWarpEdit->trigger();
-             WarpEdit* w = Shown<WarpEdit>(f);
-             if (!w) return nullptr;
-             QTest::mousePress(w->WarpSym[0], Qt::LeftButton);
-             PressCell(w->Placement->View->MapTile, 16 * 2 + 3);
-             return w;
-         },
-         [press](MainForm*, QWidget* w) { press(static_cast<WarpEdit*>(w)->Command1); },
-         [](MainForm*, QWidget* w) { return static_cast<WarpEdit*>(w)->WarpsChanged; }},
-        {"warp-to",
-         [](MainForm* f) -> QWidget* {
-             f->mnuWarpEdit->trigger();
-             WarpEdit* w = Shown<WarpEdit>(f);
-             if (!w) return nullptr;
-             w->EditWarpTo->click();
-             QTest::mousePress(w->WarpSym[0], Qt::LeftButton);
-             PressCell(w->Placement->View->MapTile, 16 * 3 + 1);
-             return w;
-         },
-         [press](MainForm*, QWidget* w) { press(static_cast<WarpEdit*>(w)->Command1); },
-         [](MainForm*, QWidget* w) { return static_cast<WarpEdit*>(w)->WarpsChanged; }},
+        WarpSaver("warps", false),
+        WarpSaver("warp-to", true),
         {"wild",
          [](MainForm* f) -> QWidget* {
              f->mnuWildEdit->trigger();
