@@ -19,7 +19,8 @@ constexpr int ChooserLeft = 1440;
 constexpr int ChooserTop = 1200;
 constexpr int ChooserColumns = 16;
 constexpr int ChooserRows = 10;
-constexpr int ChooserCells = ChooserColumns * ChooserRows;  // tiles 0 to 159
+constexpr int ChooserCells = Limits::TilesetTiles;
+static_assert(ChooserColumns * ChooserRows == ChooserCells);
 constexpr int PitchTwips = 240;
 constexpr int LeftButton = 1;
 constexpr int RightButton = 2;

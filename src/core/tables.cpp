@@ -7,7 +7,8 @@
 #include "core/datafile.h"
 #include "core/fieldreader.h"
 
-bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error) {
+bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error,
+                     std::int16_t* lastRow) {
     QByteArray content;
     if (!DataFile::ReadWhole(path, content, error)) return false;
     FieldReader reader(content);
@@ -27,6 +28,7 @@ bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error) 
                                   QStringLiteral("tileset %1").arg(row), error))
             return false;
     } while (!reader.AtEnd());
+    if (lastRow) *lastRow = static_cast<std::int16_t>(row);
     return true;
 }
 

@@ -52,11 +52,40 @@ using Table = std::array<std::array<Field, Columns>, Limits::TableRows>;
 using TilesetTableT = Table<TilesetColumnCount>;
 using CategoryTableT = Table<CategoryColumnCount>;
 using MapTableT = Table<MapColumnCount>;
+using TilesetRowT = TilesetTableT::value_type;
+using MapRowT = MapTableT::value_type;
 
-// Reads a tileset file into the table. On failure returns false and puts a
-// message for the user, naming the file, into error; the table is then not to
-// be used.
-bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error);
+// What a map's row lets the editor reach. The border block and the warps
+// live in the object data; the warp-to list is edited beside the warps.
+inline bool HasObjectData(const MapRowT& map) {
+    return map[MapObjectPos].ToInt32() != NoData;
+}
+inline bool WarpsEditable(const MapRowT& map) {
+    return HasObjectData(map) && map[MapWarpsOk].IsTrue();
+}
+inline bool HasWarpToList(const MapRowT& map) {
+    return map[MapWarpToPos].ToInt32() != NoData;
+}
+inline bool WarpToEditable(const MapRowT& map) {
+    return WarpsEditable(map) && HasWarpToList(map);
+}
+inline bool WildEditable(const MapRowT& map) {
+    return map[MapWildPos].ToInt32() != NoData;
+}
+inline bool EventsEditable(const MapRowT& map) {
+    return map[MapEventsOk].IsTrue();
+}
+
+// The picture of the tile bank that shows a tile number of a tileset.
+inline int TileBankIndex(const TilesetRowT& set, int tile) {
+    return set[TilesetTileBase].ToInt16() + tile;
+}
+
+// Reads a tileset file into the table; `lastRow`, when given, becomes the
+// highest row the file filled. On failure returns false and puts a message
+// for the user, naming the file, into error; the table is then not to be used.
+bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error,
+                     std::int16_t* lastRow = nullptr);
 
 // Reads Maps.twy into the category and map tables; categoryCount becomes the
 // highest category row in use.

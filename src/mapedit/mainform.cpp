@@ -250,11 +250,10 @@ void MainForm::Command2_Click() {
     DrawSideBlocks();
     const auto& map = CurMapRow();
     CurMapName->setText(map[MapName].ToText());
-    const bool hasObjects = map[MapObjectPos].ToInt32() != NoData;
-    ShowBorderControls(hasObjects);
-    mnuWarpEdit->setEnabled(hasObjects && map[MapWarpsOk].IsTrue());
-    mnuWildEdit->setEnabled(map[MapWildPos].ToInt32() != NoData);
-    mnuEventEdit->setEnabled(map[MapEventsOk].IsTrue());
+    ShowBorderControls(HasObjectData(map));
+    mnuWarpEdit->setEnabled(WarpsEditable(map));
+    mnuWildEdit->setEnabled(WildEditable(map));
+    mnuEventEdit->setEnabled(EventsEditable(map));
     Undo.Clear();
     mnuUndo->setEnabled(false);
 }

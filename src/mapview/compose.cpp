@@ -5,7 +5,7 @@
 #include "ui/cellarray.h"
 
 std::int16_t TileIndex(int tile) {
-    return static_cast<std::int16_t>(CurTilesetRow()[TilesetTileBase].ToInt16() + tile);
+    return static_cast<std::int16_t>(TileBankIndex(CurTilesetRow(), tile));
 }
 
 void ComposeBlock(CellArray& cells, int first, int block) {

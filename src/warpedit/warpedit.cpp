@@ -111,7 +111,7 @@ void WarpEdit::Form_Load() {
     CheckGrid->setChecked(Gridlines_);  // unchecked runs the handler, which hides the lines
     SelWarp = 0;
     WarpsChanged = false;
-    if (CurMapRow()[MapWarpToPos].ToInt32() == NoData) EditWarpTo->setEnabled(false);
+    if (!HasWarpToList(CurMapRow())) EditWarpTo->setEnabled(false);
     Placement->SetPictures(&WarpNon, &WarpSel, SelWarp);
     if (!LoadWarpMap()) {
         RefuseLoad();

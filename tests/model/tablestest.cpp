@@ -63,7 +63,8 @@ protected:
         if (!text.isNull()) {
             EXPECT_TRUE(TestFiles::Write(Path(name), text));
         }
-        if (name == TilesetName) return LoadTilesetFile(Path(name), *TilesetRows, Error);
+        if (name == TilesetName)
+            return LoadTilesetFile(Path(name), *TilesetRows, Error, &LastTileset);
         return LoadMapsFile(Path(name), *Categories, *Maps, CategoryCount, Error);
     }
 
@@ -72,6 +73,7 @@ protected:
     std::unique_ptr<CategoryTableT> Categories = std::make_unique<CategoryTableT>();
     std::unique_ptr<MapTableT> Maps = std::make_unique<MapTableT>();
     std::int16_t CategoryCount = -1;
+    std::int16_t LastTileset = -1;
     QString Error;
 };
 
@@ -93,6 +95,7 @@ TEST_F(Tables, TilesetFileFillsOneRowPerRecordUpTo256) {
         EXPECT_EQ(row[TilesetBlockPos].ToInt32(), 0x4000 + 16 * r);
         EXPECT_EQ(row[TilesetBlockBias].ToInt16(), r % 3);
     }
+    EXPECT_EQ(LastTileset, Limits::TableRows - 1);
 }
 
 TEST_F(Tables, TilesetRecordMayRunOverSeveralLinesAndEndWithBlankLines) {
@@ -108,6 +111,7 @@ TEST_F(Tables, TilesetRecordMayRunOverSeveralLinesAndEndWithBlankLines) {
     EXPECT_EQ((*TilesetRows)[1][TilesetField0], Field::Number(8));
     EXPECT_EQ((*TilesetRows)[1][TilesetBlockBias], Field::Number(5));
     EXPECT_TRUE((*TilesetRows)[2][TilesetField0].IsEmpty());
+    EXPECT_EQ(LastTileset, 1);
 }
 
 // Categories fill their own map rows, leaving gaps between them; a category
