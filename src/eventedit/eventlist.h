@@ -6,6 +6,7 @@
 
 #include "core/eventtables.h"
 #include "core/limits.h"
+#include "rom/romarea.h"
 #include "rom/romfile.h"
 
 // One record of an event list, byte k of the record at [k - 1].
@@ -16,11 +17,23 @@ using EventTable = std::array<EventRecord, Limits::MaxEvents + 1>;
 // Where a map's list of a type lies and how long it is.
 struct EventListPlace {
     std::int32_t Start = 0;
+    // The records the editor takes: the list's count, up to 32.
     int Count = 0;
+    // The count as Events.twy gives it.
+    int Given = 0;
+    // The bytes the editor reads and its save writes: Count records.
+    RomArea List;
     // Set when the list holds more records than the editor can: it then holds
     // the first ones, and this says so for the user.
     QString Notice;
 };
+
+// Finds the list of a type on a map from its position and count in
+// Events.twy. False, with a message naming the type and the map, when the
+// count is below 0.
+bool FindEventList(const EventAddressTableT& addresses, int map, const QString& mapName,
+                   const QString& typeName, const EventLayout& layout, EventListPlace& place,
+                   QString& error);
 
 // The list of a type on a map: its position and count from Events.twy,
 // records of the type's size from the ROM into `rows`, fields 1 to the size

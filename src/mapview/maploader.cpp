@@ -10,21 +10,33 @@ QString MapLabel(int map) {
         .arg(map);
 }
 
-bool Outside(RomFile& rom, std::int32_t position, std::int32_t count, const QString& what, int map,
-             QString& error) {
-    if (rom.Contains(position, count)) return false;
+bool Outside(RomFile& rom, const RomArea& area, const QString& what, int map, QString& error) {
+    if (rom.Contains(area)) return false;
     error = MapLabel(map) +
             QStringLiteral(
                 " could not be loaded: its %1 (%2 bytes from position %3) would be read "
                 "from outside the ROM file, which has %4 bytes.\n\nThe data files do not "
                 "fit this ROM.")
                 .arg(what)
-                .arg(count)
-                .arg(position)
+                .arg(area.Bytes)
+                .arg(area.Start)
                 .arg(rom.Size());
     return true;
 }
 }  // namespace
+
+RomArea BlockArea(const TilesetRowT& set) {
+    return {set[TilesetBlockPos].ToInt32(),
+            (set[TilesetLastBlock].ToInt16() + 1) * Limits::TilesPerBlock};
+}
+
+MapPlace FindMapPlace(const MapRowT& map, const TilesetRowT& set) {
+    MapPlace place;
+    place.Blocks = BlockArea(set);
+    place.Border = {map[MapObjectPos].ToInt32(), 1};
+    place.Grid = {map[MapGridPos].ToInt32(), map[MapRows].ToInt16() * map[MapCols].ToInt16()};
+    return place;
+}
 
 bool ReadMap(int map, LoadedMap& loaded, QString& error) {
     RomFile rom;
@@ -51,7 +63,7 @@ bool ReadMap(RomFile& rom, int map, LoadedMap& loaded, QString& error) {
     const int lastBlock = set[TilesetLastBlock].ToInt16();
     const int height = row[MapRows].ToInt16();
     const int width = row[MapCols].ToInt16();
-    if (lastBlock < 0 || lastBlock > Limits::LastBlock) {
+    if (!IsBlockRow(lastBlock)) {
         error = MapLabel(map) +
                 QStringLiteral(" uses tileset %1, whose last block %2 lies outside 0 to %3.")
                     .arg(tileset)
@@ -59,7 +71,7 @@ bool ReadMap(RomFile& rom, int map, LoadedMap& loaded, QString& error) {
                     .arg(Limits::LastBlock);
         return false;
     }
-    if (height < 1 || height > Limits::MapSizeMax || width < 1 || width > Limits::MapSizeMax) {
+    if (!IsMapSize(height) || !IsMapSize(width)) {
         error =
             MapLabel(map) + QStringLiteral(" is %1 x %2 blocks; a map is 1 to %3 blocks each way.")
                                 .arg(width)
@@ -68,20 +80,19 @@ bool ReadMap(RomFile& rom, int map, LoadedMap& loaded, QString& error) {
         return false;
     }
 
-    const std::int32_t blockPos = set[TilesetBlockPos].ToInt32();
-    const std::int32_t borderPos = row[MapObjectPos].ToInt32();
-    const std::int32_t gridPos = row[MapGridPos].ToInt32();
-    const int blockBytes = (lastBlock + 1) * Limits::TilesPerBlock;
-    if (Outside(rom, blockPos, blockBytes, QStringLiteral("block definitions"), map, error) ||
-        Outside(rom, borderPos, 1, QStringLiteral("border block"), map, error) ||
-        Outside(rom, gridPos, width * height, QStringLiteral("grid"), map, error))
+    const MapPlace place = FindMapPlace(row, set);
+    if (Outside(rom, place.Blocks, QStringLiteral("block definitions"), map, error) ||
+        Outside(rom, place.Border, QStringLiteral("border block"), map, error) ||
+        Outside(rom, place.Grid, QStringLiteral("grid"), map, error))
         return false;
+    const std::int32_t borderPos = place.Border.Start;
+    const std::int32_t gridPos = place.Grid.Start;
 
     // Every position is known to lie inside the file: from here on nothing fails.
     const int bias = set[TilesetBlockBias].ToInt16();
     Defines.CurTileset = static_cast<std::int16_t>(tileset);
     Defines.BlockCount = static_cast<std::int16_t>(lastBlock);
-    std::int32_t p = blockPos;
+    std::int32_t p = place.Blocks.Start;
     for (int b = 0; b <= lastBlock; ++b)
         for (int t = 0; t < Limits::TilesPerBlock; ++t)
             Defines.BlockTiles[b][t] = rom.ReadByte(p++);

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "rom/romarea.h"
+
 // A ROM file opened for one command. Positions are 1-based: position p is the
 // byte at file offset p - 1. The whole file is read into memory at open, so
 // every read is answered from memory. Writes are recorded and reach the disk
@@ -18,6 +20,7 @@ public:
 
     qint64 Size() const { return Bytes_.size(); }
     bool Contains(std::int32_t position, std::int32_t count = 1) const;
+    bool Contains(const RomArea& area) const { return Contains(area.Start, area.Bytes); }
 
     // The byte at a position, 0 to 255. A position outside the file reads as 0
     // and marks the file as failed, with a message naming the position.

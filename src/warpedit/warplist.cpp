@@ -1,6 +1,7 @@
 #include "warpedit/warplist.h"
 
 #include <QFileInfo>
+#include <algorithm>
 
 #include "core/defines.h"
 
@@ -26,57 +27,67 @@ QString NotInRom(const QString& what, std::int32_t position, int bytes, const Ro
 }
 }  // namespace
 
-bool ReadWarpList(RomFile& rom, int map, WarpMode mode, WarpTable& rows, WarpListPlace& place,
-                  QString& error) {
-    const auto& row = Defines.MapTable[map];
-    const QString name = row[MapName].ToText();
-    int count = 0;
+RomArea WarpCountArea(const MapRowT& map) {
+    return {PositionAfter(map[MapObjectPos].ToInt32(), 1), 1};
+}
+
+bool FindWarpList(RomFile& rom, const MapRowT& map, WarpMode mode, WarpListPlace& place) {
+    const QString name = map[MapName].ToText();
     WarpListPlace found;
     if (mode == WarpMode::Warps) {
-        const std::int32_t objects = row[MapObjectPos].ToInt32();
-        const std::int32_t countAt = objects + 1;
-        if (!rom.Contains(countAt)) {
-            error = NotInRom(QStringLiteral("warp count of map \"%1\"").arg(name), countAt, 1, rom);
-            return false;
-        }
-        count = rom.ReadByte(countAt);
-        found.Start = objects + 2;
+        const RomArea countAt = WarpCountArea(map);
+        if (!rom.Contains(countAt)) return false;
+        found.Given = rom.ReadByte(countAt.Start);
+        found.Start = PositionAfter(countAt.Start, countAt.Bytes);
     } else {
-        count = row[MapWarpToCount].ToInt32();
-        found.Start = row[MapWarpToPos].ToInt32();
-        if (count < 0) {
+        found.Given = map[MapWarpToCount].ToInt32();
+        found.Start = map[MapWarpToPos].ToInt32();
+        if (found.Given < 0)
             found.Notice = QStringLiteral(
                                "Maps.twy gives map \"%1\" %2 warp-to points, which cannot be; "
                                "the editor shows none.")
                                .arg(name)
-                               .arg(count);
-            count = 0;
-        }
+                               .arg(found.Given);
     }
-    if (count > Limits::MaxWarps) {
+    found.Count = std::max(found.Given, 0);
+    if (found.Count > Limits::MaxWarps) {
         found.Notice = QStringLiteral(
                            "Map \"%1\" has %2 %3, but the editor holds %4. It shows the first "
                            "%4; the others stay in the ROM as they are.")
                            .arg(name)
-                           .arg(count)
+                           .arg(found.Given)
                            .arg(mode == WarpMode::Warps ? QStringLiteral("warps")
                                                         : QStringLiteral("warp-to points"))
                            .arg(Limits::MaxWarps);
-        count = Limits::MaxWarps;
+        found.Count = Limits::MaxWarps;
     }
-    const int bytes = 4 * count;
-    if (count > 0 && !rom.Contains(found.Start, bytes)) {
+    place = found;
+    return true;
+}
+
+bool ReadWarpList(RomFile& rom, int map, WarpMode mode, WarpTable& rows, WarpListPlace& place,
+                  QString& error) {
+    const auto& row = Defines.MapTable[map];
+    const QString name = row[MapName].ToText();
+    WarpListPlace found;
+    if (!FindWarpList(rom, row, mode, found)) {
+        const RomArea countAt = WarpCountArea(row);
+        error = NotInRom(QStringLiteral("warp count of map \"%1\"").arg(name), countAt.Start,
+                         countAt.Bytes, rom);
+        return false;
+    }
+    const RomArea list = found.List();
+    if (!list.IsEmpty() && !rom.Contains(list)) {
         error = NotInRom((mode == WarpMode::Warps ? QStringLiteral("warp list of map \"%1\"")
                                                   : QStringLiteral("warp-to list of map \"%1\""))
                              .arg(name),
-                         found.Start, bytes, rom);
+                         list.Start, list.Bytes, rom);
         return false;
     }
     std::int32_t p = found.Start;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < found.Count; ++i)
         for (std::int32_t& field : rows[i])
             field = rom.ReadByte(p++);
-    found.Count = count;
     place = found;
     return true;
 }

@@ -5,6 +5,8 @@
 #include <cstdint>
 
 #include "core/limits.h"
+#include "core/tables.h"
+#include "rom/romarea.h"
 #include "rom/romfile.h"
 
 // The two lists the warp editor edits. A warp is y, x, target point, target
@@ -17,13 +19,22 @@ using WarpRecord = std::array<std::int32_t, 4>;
 // Rows 0 to 16: the editor holds at most 16 entries, and one row more.
 using WarpTable = std::array<WarpRecord, Limits::MaxWarps + 1>;
 
+// Bytes of an entry of either list.
+inline constexpr int WarpRecordBytes = 4;
+
 // Where a map's list lies and how long it is.
 struct WarpListPlace {
     std::int32_t Start = 0;
+    // The entries the editor takes: the list's count, held to 0 to 16.
     int Count = 0;
+    // The count as the ROM's count byte or the Maps file gives it.
+    int Given = 0;
     // Set when the list holds more entries than the editor can: it then holds
     // the first ones, and this says so for the user.
     QString Notice;
+
+    // The bytes the editor reads and its save writes.
+    RomArea List() const { return {Start, WarpRecordBytes * Count}; }
 };
 
 // The fields of the coordinates in a record of each list.
@@ -35,6 +46,14 @@ inline int YField(WarpMode mode) {
 }
 // A field's name for messages, from 0.
 QString WarpFieldName(WarpMode mode, int field);
+
+// The warp list's count byte: the byte after the border byte.
+RomArea WarpCountArea(const MapRowT& map);
+
+// Finds the list of a map's row: where it starts, the count that the ROM or
+// the row gives, and how many entries the editor takes of it. False when the
+// warp list's count byte lies outside the ROM, so that there is no count.
+bool FindWarpList(RomFile& rom, const MapRowT& map, WarpMode mode, WarpListPlace& place);
 
 // Finds the list of a map row in the ROM file, read into memory, and reads its records into `rows`
 // (rows from the count on stay as they were). The warp list's count is the

@@ -8,12 +8,16 @@ bool ReadWildList(const QString& romPath, std::int32_t position, WildList& list,
         error = rom.Error();
         return false;
     }
-    if (!rom.Contains(position, WildListBytes)) {
+    return ReadWildList(rom, position, list, error);
+}
+
+bool ReadWildList(RomFile& rom, std::int32_t position, WildList& list, QString& error) {
+    if (!rom.Contains(WildListArea(position))) {
         error = QStringLiteral(
                     "The wild Morlick list at position %1 does not lie inside the ROM file "
                     "\"%2\", which has %3 bytes.\n\nThe data files do not fit this ROM.")
                     .arg(position)
-                    .arg(QFileInfo(romPath).fileName())
+                    .arg(QFileInfo(rom.Path()).fileName())
                     .arg(rom.Size());
         return false;
     }
