@@ -71,49 +71,61 @@ bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& err
     return true;
 }
 
+std::vector<EventLayoutFault> EventLayoutFaults(const EventTypeTableT& table, int type) {
+    const auto& row = table[type];
+    std::vector<EventLayoutFault> faults;
+    const auto fault = [&faults](EventTypeColumn column, const QString& what) {
+        faults.push_back({column, what});
+    };
+    const int listColumn = row[TypeListColumn].ToInt32();
+    const int size = row[TypeRecordSize].ToInt32();
+    const int y = row[TypeYField].ToInt32();
+    const int x = row[TypeXField].ToInt32();
+    if (listColumn < 1 || listColumn > EventAddressColumns - 2)
+        fault(TypeListColumn,
+              QStringLiteral("has its list in column %1 of Events.twy, but lists lie in columns "
+                             "1 to 8")
+                  .arg(listColumn));
+    if (size < 1 || size > MaxRecordSize) {
+        fault(TypeRecordSize, QStringLiteral("has records of %1 bytes, but a record has 1 to %2")
+                                  .arg(size)
+                                  .arg(MaxRecordSize));
+        return faults;
+    }
+    if (y < 1 || y >= size)
+        fault(TypeYField, QStringLiteral("has its y in byte %1 of records of %2 bytes, which "
+                                         "leaves no byte for x after it")
+                              .arg(y)
+                              .arg(size));
+    else if (x != y + 1)
+        fault(TypeXField,
+              QStringLiteral("has its x in byte %1, but x must follow y (byte %2) directly")
+                  .arg(x)
+                  .arg(y));
+    for (int c = TypeTextField; c <= TypeTrainerField; ++c) {
+        const int field = row[c].ToInt32();
+        if (field < 0 || field > size)
+            fault(static_cast<EventTypeColumn>(c),
+                  QStringLiteral("names byte %1 of records of %2 bytes").arg(field).arg(size));
+    }
+    return faults;
+}
+
 bool ReadEventLayout(const EventTypeTableT& table, int type, EventLayout& layout, QString& error) {
     const auto& row = table[type];
-    const QString name = QStringLiteral("The event type \"%1\" (row %2 of EventTypes.twy)")
-                             .arg(row[TypeName].ToText())
-                             .arg(type);
-    EventLayout found;
-    found.ListColumn = row[TypeListColumn].ToInt32();
-    found.RecordSize = row[TypeRecordSize].ToInt32();
-    found.Bias1 = row[TypeBias1].ToInt32();
-    found.Bias2 = row[TypeBias2].ToInt32();
-    found.YField = row[TypeYField].ToInt32();
-    found.XField = row[TypeXField].ToInt32();
-    QString wrong;
-    if (found.ListColumn < 1 || found.ListColumn > EventAddressColumns - 2)
-        wrong = QStringLiteral(
-                    "has its list in column %1 of Events.twy, but lists lie in columns "
-                    "1 to 8")
-                    .arg(found.ListColumn);
-    else if (found.RecordSize < 1 || found.RecordSize > MaxRecordSize)
-        wrong = QStringLiteral("has records of %1 bytes, but a record has 1 to %2")
-                    .arg(found.RecordSize)
-                    .arg(MaxRecordSize);
-    else if (found.YField < 1 || found.YField >= found.RecordSize)
-        wrong = QStringLiteral(
-                    "has its y in byte %1 of records of %2 bytes, which leaves no byte "
-                    "for x after it")
-                    .arg(found.YField)
-                    .arg(found.RecordSize);
-    else if (found.XField != found.YField + 1)
-        wrong = QStringLiteral("has its x in byte %1, but x must follow y (byte %2) directly")
-                    .arg(found.XField)
-                    .arg(found.YField);
-    for (int c = TypeTextField; wrong.isEmpty() && c <= TypeTrainerField; ++c) {
-        const int field = row[c].ToInt32();
-        if (field < 0 || field > found.RecordSize)
-            wrong = QStringLiteral("names byte %1 of records of %2 bytes")
-                        .arg(field)
-                        .arg(found.RecordSize);
-    }
-    if (!wrong.isEmpty()) {
-        error = name + QStringLiteral(" ") + wrong + QStringLiteral(".");
+    const std::vector<EventLayoutFault> faults = EventLayoutFaults(table, type);
+    if (!faults.empty()) {
+        error = QStringLiteral("The event type \"%1\" (row %2 of EventTypes.twy) %3.")
+                    .arg(row[TypeName].ToText())
+                    .arg(type)
+                    .arg(faults.front().What);
         return false;
     }
-    layout = found;
+    layout.ListColumn = row[TypeListColumn].ToInt32();
+    layout.RecordSize = row[TypeRecordSize].ToInt32();
+    layout.Bias1 = row[TypeBias1].ToInt32();
+    layout.Bias2 = row[TypeBias2].ToInt32();
+    layout.YField = row[TypeYField].ToInt32();
+    layout.XField = row[TypeXField].ToInt32();
     return true;
 }

@@ -3,6 +3,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "core/field.h"
 #include "core/limits.h"
@@ -59,8 +60,20 @@ struct EventLayout {
     int XField = 2;
 };
 
+// A column of a type's row whose value the editor cannot use, and what is
+// wrong with it as the end of a sentence that begins with the type's name.
+struct EventLayoutFault {
+    EventTypeColumn Column = TypeListColumn;
+    QString What;
+};
+
+// Every column of a type's row that breaks what the editor can hold, in
+// column order. The field numbers are checked only against a record size
+// that is itself sound, and x only when y is.
+std::vector<EventLayoutFault> EventLayoutFaults(const EventTypeTableT& table, int type);
+
 // Reads and checks the row of a type: a list column of 1 to 8, a record size
 // of 1 to 16, y and x fields inside the record with x directly after y, and
 // the seven other field numbers 0 or inside the record. False, with a message
-// naming the type, when the row breaks one of these.
+// naming the type and the first fault, when the row breaks one of these.
 bool ReadEventLayout(const EventTypeTableT& table, int type, EventLayout& layout, QString& error);

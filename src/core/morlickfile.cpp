@@ -88,8 +88,10 @@ bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error)
             return false;
         }
         entry.Place = static_cast<std::int16_t>(place);
+        entry.Named = true;
         tables.ByCode[entry.Code] = entry;
-        tables.ByList[entry.Place] = {entry.Code, entry.Name, entry.Place};
+        tables.ByList[entry.Place] = entry;
+        tables.Records.push_back(entry);
     }
     if (!reader.AtEnd()) {
         error = Damaged(path,

@@ -3,6 +3,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "core/limits.h"
 
@@ -11,6 +12,7 @@ struct MorlickEntry {
     std::int16_t Code = 0;  // as the ROM holds it
     QString Name;
     std::int16_t Place = 0;  // place in the species list, from 1
+    bool Named = false;      // a record of the file gives this entry
 };
 
 // The species by code and by list place. A code or place that no record
@@ -19,6 +21,9 @@ struct MorlickTables {
     std::array<MorlickEntry, Limits::TableRows> ByCode;
     std::array<MorlickEntry, Limits::TableRows> ByList;
     int Count = 0;  // records in the file, and places in the list
+    // The records in the order of the file, before a later record with the
+    // same code or place takes an earlier one's row in the tables.
+    std::vector<MorlickEntry> Records;
 };
 
 // Reads Morlick.twy: no line is skipped, the first field is the count, then

@@ -83,23 +83,25 @@ TEST_F(EventTables, BrokenFilesAreToldWithTheFileAndTheLine) {
 }
 
 TEST_F(EventTables, ATypesRowIsCheckedAgainstWhatARecordCanHold) {
-    // Columns: list column, record size, y field, x field, one of the seven.
+    // Columns: list column, record size, y field, x field, one of the seven;
+    // then what the message says and the column at fault.
     const struct {
         int list, size, y, x, item;
         const char* says;  // nullptr: a sound row
+        int column;
     } cases[] = {
-        {1, 5, 1, 2, 5, nullptr},
-        {8, 16, 15, 16, 0, nullptr},
-        {0, 5, 1, 2, 0, "column 0"},
-        {9, 5, 1, 2, 0, "column 9"},
-        {1, 0, 1, 2, 0, "records of 0 bytes"},
-        {1, 17, 1, 2, 0, "records of 17 bytes"},
-        {1, 1, 1, 2, 0, "y in byte 1 of records of 1 bytes"},
-        {1, 5, 0, 1, 0, "y in byte 0"},
-        {1, 5, 1, 3, 0, "x in byte 3"},
-        {1, 5, 2, 1, 0, "x in byte 1"},
-        {1, 5, 1, 2, 6, "names byte 6"},
-        {1, 5, 1, 2, -1, "names byte -1"},
+        {1, 5, 1, 2, 5, nullptr, -1},
+        {8, 16, 15, 16, 0, nullptr, -1},
+        {0, 5, 1, 2, 0, "column 0", TypeListColumn},
+        {9, 5, 1, 2, 0, "column 9", TypeListColumn},
+        {1, 0, 1, 2, 0, "records of 0 bytes", TypeRecordSize},
+        {1, 17, 1, 2, 0, "records of 17 bytes", TypeRecordSize},
+        {1, 1, 1, 2, 0, "y in byte 1 of records of 1 bytes", TypeYField},
+        {1, 5, 0, 1, 0, "y in byte 0", TypeYField},
+        {1, 5, 1, 3, 0, "x in byte 3", TypeXField},
+        {1, 5, 2, 1, 0, "x in byte 1", TypeXField},
+        {1, 5, 1, 2, 6, "names byte 6", TypeItemField},
+        {1, 5, 1, 2, -1, "names byte -1", TypeItemField},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.says ? c.says : "sound");
@@ -114,7 +116,11 @@ TEST_F(EventTables, ATypesRowIsCheckedAgainstWhatARecordCanHold) {
         EventLayout layout;
         Error.clear();
         EXPECT_EQ(ReadEventLayout(Types, 4, layout, Error), c.says == nullptr);
+        const std::vector<EventLayoutFault> faults = EventLayoutFaults(Types, 4);
+        ASSERT_EQ(faults.size(), c.says ? 1u : 0u);
         if (c.says) {
+            EXPECT_EQ(faults[0].Column, c.column);
+            EXPECT_TRUE(Error.contains(faults[0].What)) << Error.toStdString();
             EXPECT_TRUE(Error.contains(QStringLiteral("\"Checked\" (row 4")))
                 << Error.toStdString();
             EXPECT_TRUE(Error.contains(QString::fromLatin1(c.says))) << Error.toStdString();
@@ -123,4 +129,26 @@ TEST_F(EventTables, ATypesRowIsCheckedAgainstWhatARecordCanHold) {
             EXPECT_EQ(layout.RecordSize, c.size);
         }
     }
+}
+
+TEST_F(EventTables, EveryFaultOfATypesRowIsToldWithItsColumnAndTheMessageTellsTheFirst) {
+    auto& row = Types[2];
+    row[TypeName] = Field::Text(QStringLiteral("Broken"));
+    row[TypeListColumn] = Field::Number(9);
+    row[TypeRecordSize] = Field::Number(4);
+    row[TypeYField] = Field::Number(4);
+    row[TypeXField] = Field::Number(5);
+    row[TypeTextField] = Field::Number(7);
+    row[TypeTrainerField] = Field::Number(5);
+    const std::vector<EventLayoutFault> faults = EventLayoutFaults(Types, 2);
+    ASSERT_EQ(faults.size(), 4u);
+    EXPECT_EQ(faults[0].Column, TypeListColumn);
+    EXPECT_EQ(faults[1].Column, TypeYField);
+    EXPECT_EQ(faults[2].Column, TypeTextField);
+    EXPECT_EQ(faults[3].Column, TypeTrainerField);
+    EventLayout layout;
+    EXPECT_FALSE(ReadEventLayout(Types, 2, layout, Error));
+    EXPECT_EQ(Error, QStringLiteral("The event type \"Broken\" (row 2 of EventTypes.twy) has its "
+                                    "list in column 9 of Events.twy, but lists lie in columns 1 "
+                                    "to 8."));
 }

@@ -41,8 +41,17 @@ TEST_F(MorlickFile, CodesAreHexadecimalHoweverTheyAreWrittenAndPlacesOrderTheLis
     EXPECT_EQ(Tables.ByCode[0x11].Name, QString());
     EXPECT_EQ(Tables.ByCode[0x11].Place, 0);
     EXPECT_EQ(Tables.ByCode[0x11].Code, 0);
+    EXPECT_FALSE(Tables.ByCode[0x11].Named);
+    EXPECT_TRUE(Tables.ByCode[10].Named);
+    // The records stay as the file gives them, the repeated code included.
+    ASSERT_EQ(Tables.Records.size(), 4u);
+    EXPECT_EQ(Tables.Records[0].Name, QStringLiteral("Sixteen"));
+    EXPECT_EQ(Tables.Records[2].Code, 16);
+    EXPECT_EQ(Tables.Records[2].Place, 4);
+    EXPECT_EQ(Tables.Records[3].Code, 255);
 
     ASSERT_TRUE(Load("0\n")) << Error.toStdString();
+    EXPECT_TRUE(Tables.Records.empty());
     EXPECT_EQ(Tables.Count, 0);
 }
 
