@@ -15,6 +15,12 @@ QString Sentence(const QString& text) {
     return text.isEmpty() ? text : text.front().toUpper() + text.mid(1);
 }
 
+namespace {
+QString Bytes(qint64 count) {
+    return count == 1 ? QStringLiteral("1 byte") : QStringLiteral("%1 bytes").arg(count);
+}
+}  // namespace
+
 QString Positions(qint64 first, qint64 last) {
     return first == last ? QStringLiteral("position %1").arg(first)
                          : QStringLiteral("positions %1 to %2").arg(first).arg(last);
@@ -24,19 +30,19 @@ bool AreaMap::CheckInside(const PlacedArea& placed, std::vector<Finding>& out) c
     const RomArea& area = placed.Area;
     if (area.IsEmpty() || Rom_.Contains(area)) return true;
     if (area.Start < 1)
-        out.push_back(Found(placed.Cell,
-                            QStringLiteral("%1 (%2 bytes from position %3) would begin before the "
-                                           "first byte of %4, which is position 1.")
-                                .arg(Sentence(placed.What))
-                                .arg(area.Bytes)
-                                .arg(area.Start)
-                                .arg(RomName_)));
+        out.push_back(
+            Found(placed.Cell, QStringLiteral("%1 (%2 from position %3) would begin before the "
+                                              "first byte of %4, which is position 1.")
+                                   .arg(Sentence(placed.What))
+                                   .arg(Bytes(area.Bytes))
+                                   .arg(area.Start)
+                                   .arg(RomName_)));
     else
         out.push_back(
-            Found(placed.Cell, QStringLiteral("%1 (%2 bytes, %3) would reach past the end of %4, "
+            Found(placed.Cell, QStringLiteral("%1 (%2, %3) would reach past the end of %4, "
                                               "which has %5 bytes.")
                                    .arg(Sentence(placed.What))
-                                   .arg(area.Bytes)
+                                   .arg(Bytes(area.Bytes))
                                    .arg(Positions(area.Start, area.End() - 1))
                                    .arg(RomName_)
                                    .arg(Rom_.Size())));
