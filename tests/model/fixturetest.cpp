@@ -14,6 +14,7 @@
 #include "fixture/mapsfile.h"
 #include "fixture/project.h"
 #include "fixture/romimage.h"
+#include "fixture/smallproject.h"
 #include "fixture/tilesetfile.h"
 #include "fixture/warpdata.h"
 #include "fixture/wilddata.h"
@@ -46,6 +47,12 @@ TEST(Fixture, RomImageKeepsEveryByteInsideAndDropsTheRest) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("rom.gb"));
     ASSERT_TRUE(rom.Save(path));
+    // Resizing keeps the bytes that stay and fills the new ones.
+    Fixture::RomImage cut = rom;
+    cut.Resize(2);
+    EXPECT_EQ(cut.Bytes(), QByteArray("\x11\xEE", 2));
+    cut.Resize(4, 0x07);
+    EXPECT_EQ(cut.Bytes(), QByteArray("\x11\xEE\x07\x07", 4));
     EXPECT_EQ(TestFiles::Read(path), rom.Bytes());
     QString error;
     EXPECT_FALSE(rom.Save(dir.filePath(QStringLiteral("no/such/folder/rom.gb")), &error));
@@ -70,6 +77,31 @@ TEST(Fixture, AllocatorHandsOutAlignedAreasThatNeverOverlap) {
 // Values a careless writer would spell wrongly: a comma in a name, a quote,
 // a negative correction, positions past 16 bits, both truth values, an empty
 // field, a category with no maps between two with maps.
+TEST(Fixture, MovedGridsAndBlockAreasComeBehindEverythingElse) {
+    Fixture::SmallProject project(0x8000, 0);
+    const int set = project.AddTileset(1, 3, 0, [](int b, int t) { return 16 * b + t; });
+    const int cat = project.AddCategory(QStringLiteral("C"), 0);
+    const int map = project.AddMap(cat, QStringLiteral("M"), 3, 2, set,
+                                   [](int x, int y) { return 10 * y + x; });
+    const int oldGrid = project.Map(map).GridPos;
+    const int oldBlocks = project.Tileset(set).BlockPos;
+    const QByteArray grid = project.Rom.Bytes().mid(oldGrid - 1, 6);
+    const QByteArray blocks = project.Rom.Bytes().mid(oldBlocks - 1, 32);
+    project.AddWildList(map, {});
+    const int free = project.Rom.NextFree();
+
+    EXPECT_EQ(project.MoveGrid(map), free);
+    EXPECT_EQ(project.Map(map).GridPos, free);
+    EXPECT_EQ(project.Rom.Bytes().mid(free - 1, 6), grid);
+    EXPECT_EQ(project.MoveBlocks(set), free + 6 + 1);  // behind the grid's guard byte
+    EXPECT_EQ(project.Tileset(set).BlockPos, free + 7);
+    EXPECT_EQ(project.Rom.Bytes().mid(free + 6, 32), blocks);
+    EXPECT_EQ(project.Rom.NextFree(), free + 7 + 32 + 1);
+    // The old places keep their bytes.
+    EXPECT_EQ(project.Rom.Bytes().mid(oldGrid - 1, 6), grid);
+    EXPECT_EQ(project.Rom.Bytes().mid(oldBlocks - 1, 32), blocks);
+}
+
 TEST(Fixture, DataFilesReadBackThroughTheProgramsReaders) {
     std::vector<Fixture::TilesetRow> tilesets(3);
     for (int i = 0; i < 3; ++i) {
