@@ -18,17 +18,19 @@
 #include "warpedit/warpedit.h"
 #include "wildedit/wildedit.h"
 
-// Property tests of the five savers. Each round lays out a random program
-// folder: a ROM of random bytes with maps, tilesets, warp and warp-to lists,
-// wild lists and event lists of random sizes at random places, and the data
-// files that name them. For every map of the round the test opens the
-// editor, saves with no edit (the ROM must stay byte for byte as it was),
-// makes random edits through the windows' own controls and saves again: no
-// byte may change outside the area the saver owns. The test works out each
-// area from the tables it generated itself, never from the program.
+// Property tests of the five savers, the warp save in both of its modes. Each
+// round lays out a random program folder: a ROM of random bytes with maps,
+// tilesets, warp and warp-to lists, wild lists and event lists of random sizes
+// at random places, and the data files that name them. For every map of the
+// round the test opens the editor, saves with no edit (the ROM must stay byte
+// for byte as it was), makes random edits through the windows' own controls
+// and saves again: no byte may change outside the area the saver owns. The
+// test works out each area from the tables it generated itself, never from the
+// program.
 //
 // A round is made from one seed. A failure names the seed; to replay that
-// round alone, run the test with TARNWEY_SAVER_SEED set to it.
+// round alone, run the test with TARNWEY_SAVER_SEED set to it. With
+// TARNWEY_SAVER_FIRST set to any number, a whole run takes other seeds.
 
 namespace {
 
@@ -423,17 +425,20 @@ protected:
             const auto i = static_cast<size_t>(saver);
             std::printf("[ %s save ] %d cases, %d of them saved their edits, %d changed the ROM\n",
                         SaverName[i], tally.Cases[i], tally.Written[i], tally.Changed[i]);
+            for (const char* edge : RequiredEdges[i])
+                std::printf("   %d with %s\n", tally.Edges[i][QLatin1String(edge)], edge);
             if (replay) continue;
             EXPECT_GE(tally.Cases[i], CasesPerSaver) << SaverName[i];
+            // The usual seeds are known to reach every edge and to edit
+            // enough; other seeds are for looking further, not for this.
+            if (otherFirst) continue;
             // Most edited saves reach the ROM; the others were refused for a
             // value no byte holds, and must have changed nothing.
             EXPECT_GE(tally.Written[i] * 10, tally.Cases[i] * 7) << SaverName[i];
             EXPECT_GE(tally.Changed[i] * 5, tally.Cases[i] * 2) << SaverName[i];
-            for (const char* edge : RequiredEdges[i]) {
-                std::printf("   %d with %s\n", tally.Edges[i][QLatin1String(edge)], edge);
+            for (const char* edge : RequiredEdges[i])
                 EXPECT_GT(tally.Edges[i][QLatin1String(edge)], 0)
                     << "no " << SaverName[i] << " case had " << edge;
-            }
         }
     }
 
