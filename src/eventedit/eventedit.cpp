@@ -3,6 +3,7 @@
 #include "core/defines.h"
 #include "core/dialogs.h"
 #include "core/typednumber.h"
+#include "eventedit/eventsymbols.h"
 #include "mapview/maploader.h"
 #include "rom/romsave.h"
 #include "ui/programfont.h"
@@ -10,8 +11,6 @@
 #include "ui/wrapcheckbox.h"
 
 namespace {
-const QColor Black(0, 0, 0);
-const QColor OrangeRed(255, 48, 0);
 const QString Discard = QStringLiteral("Discard the changes you have made?");
 const QString EventTypesFile = QStringLiteral("EventTypes.twy");
 const QString EventsFile = QStringLiteral("Events.twy");
@@ -23,8 +22,8 @@ EventEdit::EventEdit(Form* owner, bool gridlines)
     : ChildForm(owner),
       Placement(new PlacementView(Client(), Limits::MaxEvents)),
       EventSym(Placement->Sym),
-      EventNon(SymbolPicture(QStringLiteral("Event"), QString(), Black)),
-      EventSel(SymbolPicture(QStringLiteral("Event"), QString(), OrangeRed)),
+      EventNon(EventSymbolPicture(false)),
+      EventSel(EventSymbolPicture(true)),
       Gridlines_(gridlines) {
     SetCaption(QStringLiteral("Event Editor"));
     SetClientSize(8175, 7935);
@@ -141,12 +140,7 @@ bool EventEdit::LoadEventMap(int type) {
     Place_ = place;
     EventCount = static_cast<std::int16_t>(place.Count);
     Events = rows;
-    const int dx = CurMapRow()[MapXShift].ToInt32();
-    const int dy = CurMapRow()[MapYShift].ToInt32();
-    for (int i = 0; i < EventCount; ++i) {
-        Events[i][Layout_.XField - 1] += dx;
-        Events[i][Layout_.YField - 1] += dy;
-    }
+    ShiftEventList(Events, EventCount, Layout_, Defines.CurMap, +1);
     Placement->SetUpForMap();
     DrawEventMap();
     ShowFields();
@@ -165,10 +159,7 @@ void EventEdit::ShowFields() {
 }
 
 QPoint EventEdit::EntrySquare(int row) const {
-    // The bias pairs with the axes in the order of their columns: the first
-    // with y, the second with x, both when shown and when placed.
-    return QPoint(Events[row][Layout_.XField - 1] - Layout_.Bias2,
-                  Events[row][Layout_.YField - 1] - Layout_.Bias1);
+    return EventSquare(Events[row], Layout_);
 }
 
 void EventEdit::DrawEventMap() {
@@ -238,11 +229,8 @@ void EventEdit::Command1_Click() {
     // The bytes are worked out on a copy: a save that is given up leaves the
     // table in the window's coordinates.
     EventTable rows = Events;
-    const int dx = CurMapRow()[MapXShift].ToInt32();
-    const int dy = CurMapRow()[MapYShift].ToInt32();
+    ShiftEventList(rows, EventCount, Layout_, Defines.CurMap, -1);
     for (int i = 0; i < EventCount; ++i) {
-        rows[i][Layout_.XField - 1] -= dx;
-        rows[i][Layout_.YField - 1] -= dy;
         for (int k = 0; k < Layout_.RecordSize; ++k) {
             const std::int32_t value = rows[i][k];
             if (value >= LowestByte && value <= HighestByte) continue;

@@ -39,6 +39,20 @@ bool FindEventList(const EventAddressTableT& addresses, int map, const QString& 
     return true;
 }
 
+void ShiftEventList(EventTable& rows, int count, const EventLayout& layout, int map, int sign) {
+    const int dx = sign * Defines.MapTable[map][MapXShift].ToInt32();
+    const int dy = sign * Defines.MapTable[map][MapYShift].ToInt32();
+    for (int i = 0; i < count; ++i) {
+        rows[i][layout.XField - 1] += dx;
+        rows[i][layout.YField - 1] += dy;
+    }
+}
+
+QPoint EventSquare(const EventRecord& record, const EventLayout& layout) {
+    return QPoint(record[layout.XField - 1] - layout.Bias2,
+                  record[layout.YField - 1] - layout.Bias1);
+}
+
 bool ReadEventList(RomFile& rom, int map, const QString& typeName, const EventLayout& layout,
                    const EventAddressTableT& addresses, EventTable& rows, EventListPlace& place,
                    QString& error) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -43,6 +44,17 @@ bool FindEventList(const EventAddressTableT& addresses, int map, const QString& 
 bool ReadEventList(RomFile& rom, int map, const QString& typeName, const EventLayout& layout,
                    const EventAddressTableT& addresses, EventTable& rows, EventListPlace& place,
                    QString& error);
+
+// Adds (sign +1) or takes off (sign -1) the offsets of map row `map` on the x
+// and y fields of the first `count` records. The editor and the map pictures
+// work on the sums; the ROM holds the coordinates without them.
+void ShiftEventList(EventTable& rows, int count, const EventLayout& layout, int map, int sign);
+
+// The half-block square of a record whose coordinates carry the map's
+// offsets: its x and y fields with the type's biases taken off. The biases
+// pair with the axes in the order of their columns: the first with y, the
+// second with x.
+QPoint EventSquare(const EventRecord& record, const EventLayout& layout);
 
 // The number of records Events.twy gives a type's list on a map.
 int EventListCount(const EventAddressTableT& addresses, int map, int listColumn);

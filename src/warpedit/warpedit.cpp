@@ -9,10 +9,9 @@
 #include "rom/romsave.h"
 #include "ui/programfont.h"
 #include "ui/twips.h"
+#include "warpedit/warpsymbols.h"
 
 namespace {
-const QColor Black(0, 0, 0);
-const QColor Red(255, 0, 0);
 const QString Discard = QStringLiteral("Discard the changes you have made?");
 constexpr int LowestByte = 0;
 constexpr int HighestByte = 255;
@@ -22,10 +21,10 @@ WarpEdit::WarpEdit(Form* owner, bool gridlines)
     : ChildForm(owner),
       Placement(new PlacementView(Client(), Limits::MaxWarps)),
       WarpSym(Placement->Sym),
-      WarpNon(SymbolPicture(QStringLiteral("Warp"), QString(), Black)),
-      WarpSel(SymbolPicture(QStringLiteral("Warp"), QString(), Red)),
-      WarpToNon(SymbolPicture(QStringLiteral("Warp"), QStringLiteral("To"), Black)),
-      WarpToSel(SymbolPicture(QStringLiteral("Warp"), QStringLiteral("To"), Red)),
+      WarpNon(WarpSymbolPicture(WarpMode::Warps, false)),
+      WarpSel(WarpSymbolPicture(WarpMode::Warps, true)),
+      WarpToNon(WarpSymbolPicture(WarpMode::WarpTo, false)),
+      WarpToSel(WarpSymbolPicture(WarpMode::WarpTo, true)),
       Gridlines_(gridlines) {
     SetCaption(QStringLiteral("Warp Editor"));
     SetClientSize(8175, 7815);
@@ -93,18 +92,11 @@ void WarpEdit::BuildControls() {
 }
 
 QPoint WarpEdit::EntrySquare(int row) const {
-    const WarpMode mode = Mode();
-    return QPoint(Warps[row][XField(mode)], Warps[row][YField(mode)]);
+    return WarpSquare(Warps[row], Mode());
 }
 
 void WarpEdit::Shift(WarpTable& rows, int sign) const {
-    const WarpMode mode = Mode();
-    const int dx = sign * CurMapRow()[MapXShift].ToInt32();
-    const int dy = sign * CurMapRow()[MapYShift].ToInt32();
-    for (int i = 0; i < WarpCount; ++i) {
-        rows[i][XField(mode)] += dx;
-        rows[i][YField(mode)] += dy;
-    }
+    ShiftWarpList(rows, WarpCount, Mode(), Defines.CurMap, sign);
 }
 
 void WarpEdit::Form_Load() {

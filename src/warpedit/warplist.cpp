@@ -14,6 +14,15 @@ QString WarpFieldName(WarpMode mode, int field) {
     return mode == WarpMode::Warps ? warp[field] : warpTo[field];
 }
 
+void ShiftWarpList(WarpTable& rows, int count, WarpMode mode, int map, int sign) {
+    const int dx = sign * Defines.MapTable[map][MapXShift].ToInt32();
+    const int dy = sign * Defines.MapTable[map][MapYShift].ToInt32();
+    for (int i = 0; i < count; ++i) {
+        rows[i][XField(mode)] += dx;
+        rows[i][YField(mode)] += dy;
+    }
+}
+
 namespace {
 QString NotInRom(const QString& what, std::int32_t position, int bytes, const RomFile& rom) {
     return QStringLiteral(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -44,6 +45,14 @@ inline int XField(WarpMode mode) {
 inline int YField(WarpMode mode) {
     return mode == WarpMode::Warps ? 0 : 2;
 }
+// The half-block square of a record, from its x and y fields.
+inline QPoint WarpSquare(const WarpRecord& record, WarpMode mode) {
+    return QPoint(record[XField(mode)], record[YField(mode)]);
+}
+// Adds (sign +1) or takes off (sign -1) the offsets of map row `map` on the
+// coordinates of the first `count` records. The editor and the map pictures
+// work on the sums; the ROM holds the coordinates without them.
+void ShiftWarpList(WarpTable& rows, int count, WarpMode mode, int map, int sign);
 // A field's name for messages, from 0.
 QString WarpFieldName(WarpMode mode, int field);
 
