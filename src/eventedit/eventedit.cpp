@@ -1,5 +1,6 @@
 #include "eventedit/eventedit.h"
 
+#include "core/datafilenames.h"
 #include "core/defines.h"
 #include "core/dialogs.h"
 #include "core/typednumber.h"
@@ -12,8 +13,6 @@
 
 namespace {
 const QString Discard = QStringLiteral("Discard the changes you have made?");
-const QString EventTypesFile = QStringLiteral("EventTypes.twy");
-const QString EventsFile = QStringLiteral("Events.twy");
 constexpr int LowestByte = 0;
 constexpr int HighestByte = 255;
 }  // namespace
@@ -95,9 +94,10 @@ void EventEdit::Form_Load() {
     CurEventType = 0;
     EventsChanged = false;
     QString error;
-    if (!LoadEventTypesFile(Defines.ProgramFolder + u'/' + EventTypesFile, EventTypeTable,
-                            LastEventType, error) ||
-        !LoadEventsFile(Defines.ProgramFolder + u'/' + EventsFile, EventAddressTable, error)) {
+    if (!LoadEventTypesFile(Defines.ProgramFolder + u'/' + DataFileNames::EventTypes,
+                            EventTypeTable, LastEventType, error) ||
+        !LoadEventsFile(Defines.ProgramFolder + u'/' + DataFileNames::Events, EventAddressTable,
+                        error)) {
         Dialogs().Warn(error);
         RefuseLoad();
         return;

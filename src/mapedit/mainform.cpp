@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "blockedit/blockedit.h"
+#include "core/datafilenames.h"
 #include "core/defines.h"
 #include "core/dialogs.h"
 #include "eventedit/eventedit.h"
@@ -158,7 +159,7 @@ void MainForm::Form_Load() {
     const bool read =
         error.isEmpty() &&
         LoadTilesetFile(Defines.ProgramFolder + u'/' + tilesetFile, Defines.TilesetTable, error) &&
-        LoadMapsFile(Defines.ProgramFolder + QStringLiteral("/Maps.twy"), Defines.CategoryTable,
+        LoadMapsFile(Defines.ProgramFolder + u'/' + DataFileNames::Maps, Defines.CategoryTable,
                      Defines.MapTable, Defines.CategoryCount, error);
     if (!read) {
         LoadFailed_ = true;

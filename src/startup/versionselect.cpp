@@ -2,6 +2,7 @@
 
 #include <QStyle>
 
+#include "core/datafilenames.h"
 #include "startup/program.h"
 #include "startup/splash.h"
 #include "ui/twips.h"
@@ -54,7 +55,7 @@ void VersionSelect::Command1_Click() {
     const auto selected = VersionList->selectedItems();
     if (selected.isEmpty()) return;
     const int row = VersionList->row(selected.first());
-    TilesetFile = row == 0 ? QStringLiteral("TilesetsR.twy") : QStringLiteral("TilesetsB.twy");
+    TilesetFile = row == 0 ? DataFileNames::TilesetsRed : DataFileNames::TilesetsBlue;
     HideForm();
     if (Splash* splash = Program::SplashForm()) {
         splash->ShowForm();

@@ -1,5 +1,6 @@
 #include "wildedit/wildedit.h"
 
+#include "core/datafilenames.h"
 #include "core/defines.h"
 #include "core/dialogs.h"
 #include "core/typednumber.h"
@@ -10,7 +11,6 @@
 namespace {
 constexpr int LowestLevel = 0;
 constexpr int HighestLevel = 255;
-const QString MorlickFile = QStringLiteral("Morlick.twy");
 }  // namespace
 
 WildEdit::WildEdit(Form* owner) : ChildForm(owner) {
@@ -65,7 +65,7 @@ void WildEdit::Form_Load() {
     QString error;
     const std::int32_t position = CurMapRow()[MapWildPos].ToInt32();
     if (!ReadWildList(Defines.RomPath, position, WildData, error) ||
-        !LoadMorlickFile(Defines.ProgramFolder + u'/' + MorlickFile, Morlick, error)) {
+        !LoadMorlickFile(Defines.ProgramFolder + u'/' + DataFileNames::Morlick, Morlick, error)) {
         Dialogs().Warn(error);
         RefuseLoad();
         return;
