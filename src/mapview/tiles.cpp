@@ -5,11 +5,11 @@
 #include <QImageReader>
 #include <QPainter>
 
+#include "mapview/bankatlas.h"
+
 namespace {
-constexpr int PictureSize = 16;
-constexpr int AtlasColumns = 16;
-constexpr int AtlasRows = (Limits::BankPictures + AtlasColumns - 1) / AtlasColumns;
-const QColor Lightest(255, 248, 255);
+constexpr int PictureSize = BankAtlas::PicturePixels;
+const QColor Lightest(BankAtlas::Shades[0]);
 }  // namespace
 
 Tiles& Tiles::Bank() {
@@ -30,7 +30,7 @@ bool Tiles::Load(const QString& path, QString& error) {
                     .arg(name, reader.errorString());
         return false;
     }
-    if (atlas.width() < AtlasColumns * PictureSize || atlas.height() < AtlasRows * PictureSize) {
+    if (atlas.width() < BankAtlas::Size().width() || atlas.height() < BankAtlas::Size().height()) {
         error = QStringLiteral(
                     "The tile picture bank \"%1\" is %2 x %3 pixels, too small to hold "
                     "%4 pictures of 16 x 16 pixels, 16 to a row.\n\n"
@@ -42,11 +42,8 @@ bool Tiles::Load(const QString& path, QString& error) {
         return false;
     }
     const QImage rgb = atlas.convertToFormat(QImage::Format_RGB32);
-    for (int i = 0; i < Limits::BankPictures; ++i) {
-        Tile_[i] = QPixmap::fromImage(rgb.copy((i % AtlasColumns) * PictureSize,
-                                               (i / AtlasColumns) * PictureSize, PictureSize,
-                                               PictureSize));
-    }
+    for (int i = 0; i < Limits::BankPictures; ++i)
+        Tile_[i] = QPixmap::fromImage(rgb.copy(BankAtlas::PictureRect(i)));
     Blank_ = QPixmap(PictureSize, PictureSize);
     Blank_.fill(Lightest);
     // A lightest square with a red cross: clearly not a tile of the game.
