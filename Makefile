@@ -14,7 +14,8 @@ ASAN_BUILD ?= build-asan
 JOBS ?= 2
 
 PACKAGES := build-essential cmake qt6-base-dev qt6-base-dev-tools libgl-dev \
-            libgtest-dev libbenchmark-dev clang-format fonts-dejavu-extra
+            libgtest-dev libbenchmark-dev clang-format fonts-dejavu-extra \
+            libpng-dev
 FORMAT_DIRS := src app tools tests bench
 
 # apt-get needs root; sudo is used only when make does not run as root.
