@@ -20,6 +20,9 @@ CommandResult RunCommand(const QString& program, const QStringList& arguments);
 inline QString RenderCommand() {
     return QStringLiteral(TARNWEY_RENDER_COMMAND);
 }
+inline QString TilesCommand() {
+    return QStringLiteral(TARNWEY_TILES_COMMAND);
+}
 
 // Whether two pictures are of one size and have the same colour in every
 // pixel; the failure names the first pixel that differs.
