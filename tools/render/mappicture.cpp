@@ -3,6 +3,9 @@
 #include <QImage>
 #include <QPainter>
 #include <QRect>
+#include <algorithm>
+#include <array>
+#include <cstring>
 #include <unordered_map>
 
 #include "core/defines.h"
@@ -14,27 +17,35 @@ constexpr int BlockPixels = 64;
 constexpr int SquarePixels = 32;
 constexpr int MostPaletteColours = 256;
 
-// Palette indices of colours. Neighbouring pixels are mostly of one colour,
-// so the last answer is kept at hand.
+// Palette indices of colours. A small table keyed on a hash of the colour
+// answers nearly every pixel; a colour it does not hold is looked up in the
+// palette and put into the table.
 class ColourIndex {
 public:
     explicit ColourIndex(const std::vector<QRgb>& palette) {
         for (size_t i = 0; i < palette.size(); ++i)
-            Index_.emplace(palette[i] | 0xFF000000u, static_cast<unsigned char>(i));
+            Index_.emplace(palette[i] | Opaque, static_cast<unsigned char>(i));
     }
     unsigned char operator()(QRgb colour) {
-        if (colour != LastColour_) {
-            const auto found = Index_.find(colour | 0xFF000000u);
-            LastIndex_ = found == Index_.end() ? 0 : found->second;
-            LastColour_ = colour;
+        colour |= Opaque;
+        Slot& slot = Table_[(colour * 0x9E3779B1u) >> (32 - TableBits)];
+        if (slot.Colour != colour) {
+            const auto found = Index_.find(colour);
+            slot.Colour = colour;
+            slot.Index = found == Index_.end() ? 0 : found->second;
         }
-        return LastIndex_;
+        return slot.Index;
     }
 
 private:
+    static constexpr QRgb Opaque = 0xFF000000u;
+    static constexpr int TableBits = 12;
+    struct Slot {
+        QRgb Colour = 0;  // never a colour looked up, which is always opaque
+        unsigned char Index = 0;
+    };
+    std::array<Slot, 1 << TableBits> Table_{};
     std::unordered_map<QRgb, unsigned char> Index_;
-    QRgb LastColour_ = 0;
-    unsigned char LastIndex_ = 0;
 };
 
 // The block of a slot of the picture: a square of the map, or the border
@@ -118,18 +129,19 @@ int WriteMapPicture(const QString& path, const MapPictureOptions& options,
             bool written = true;
             if (!palette.empty()) {
                 unsigned char* out = indexRow.data();
-                for (int x = 0; x < width; ++x) {
-                    const unsigned char i = index(line[x]);
-                    for (int s = 0; s < scale; ++s)
-                        *out++ = i;
+                if (scale == 1) {
+                    for (int x = 0; x < width; ++x)
+                        out[x] = index(line[x]);
+                } else {
+                    for (int x = 0; x < width; ++x, out += scale)
+                        std::memset(out, index(line[x]), static_cast<size_t>(scale));
                 }
                 for (int s = 0; s < scale && written; ++s)
                     written = file.WriteIndexRow(indexRow.data());
             } else {
                 QRgb* out = colourRow.data();
-                for (int x = 0; x < width; ++x)
-                    for (int s = 0; s < scale; ++s)
-                        *out++ = line[x];
+                for (int x = 0; x < width; ++x, out += scale)
+                    std::fill_n(out, scale, line[x]);
                 for (int s = 0; s < scale && written; ++s)
                     written = file.WriteColourRow(colourRow.data());
             }
