@@ -37,12 +37,14 @@ int Refuse(const QString& message) {
     return NothingDrawn;
 }
 
-// A line that a terminal shows in place; elsewhere only finished lines go out.
+// A line that a terminal shows in place, at most ten times a second;
+// elsewhere only finished lines go out.
 class ProgressLine {
 public:
-    ProgressLine() : Live_(isatty(fileno(stdout)) != 0) {}
+    ProgressLine() : Live_(isatty(fileno(stdout)) != 0) { Since_.start(); }
     void Show(const QString& text) {
-        if (!Live_) return;
+        if (!Live_ || Since_.elapsed() < ShowEvery) return;
+        Since_.restart();
         Out << '\r' << text << "\x1b[K";
         Out.flush();
     }
@@ -53,7 +55,9 @@ public:
     }
 
 private:
+    static constexpr qint64 ShowEvery = 100;  // milliseconds
     bool Live_;
+    QElapsedTimer Since_;
 };
 }  // namespace
 
