@@ -4,6 +4,7 @@
 #   make test          format check, then every test in a Release build and in a
 #                      sanitizer build (address and undefined behaviour)
 #   make bench         build (Release) and run the benchmarks
+#   make package       build (Release) and pack the portable archive into the build folder
 #   make format        format the sources in place
 #   make format-check  fail when a source is not formatted
 #
@@ -28,7 +29,7 @@ SANITIZER_ENV := ASAN_OPTIONS=abort_on_error=1:halt_on_error=1:detect_leaks=1:pr
 # The steps of a target run in the order given; cmake builds in parallel itself.
 .NOTPARALLEL:
 
-.PHONY: all deps configure build run test test-release test-asan bench format format-check clean
+.PHONY: all deps configure build run test test-release test-asan bench package format format-check clean
 
 all: build
 
@@ -70,6 +71,11 @@ bench: build
 	else \
 	    echo "No benchmarks are built yet ($(BUILD)/bin/tarnwey_bench is missing)."; \
 	fi
+
+# The archive unpacks into one folder that runs with Debian's Qt 6 runtime
+# packages alone; see README.md.
+package: build
+	cd $(BUILD) && cpack -G TGZ
 
 format: deps
 	find $(FORMAT_DIRS) \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format -i
