@@ -181,7 +181,7 @@ int main(int argc, char** argv) {
         QString remark;
         if (parser.isSet(border)) {
             // A map without object data has no border byte.
-            if (Defines.MapTable[row][MapObjectPos].ToInt32() != NoData)
+            if (HasObjectData(Defines.MapTable[row]))
                 options.Border = loaded.BorderNum;
             else
                 remark += QStringLiteral(", no border block");

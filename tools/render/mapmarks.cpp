@@ -72,11 +72,11 @@ std::vector<MapMark> ReadMapMarks(RomFile& rom, int map, const MarkSources& sour
                                   QStringList& problems, QStringList& notes) {
     std::vector<MapMark> marks;
     const auto& row = Defines.MapTable[map];
-    // The same tests that enable the editors' menu entries for a map.
-    const bool warps = row[MapObjectPos].ToInt32() != NoData && row[MapWarpsOk].IsTrue();
-    if (warps && row[MapWarpToPos].ToInt32() != NoData)
+    // The lists that the editors reach for the map, by the same tests.
+    if (WarpToEditable(row))
         AddWarpList(rom, map, WarpMode::WarpTo, &sources.WarpTo, marks, problems, notes);
-    if (warps) AddWarpList(rom, map, WarpMode::Warps, &sources.Warp, marks, problems, notes);
-    if (row[MapEventsOk].IsTrue()) AddEventLists(rom, map, sources, marks, problems, notes);
+    if (WarpsEditable(row))
+        AddWarpList(rom, map, WarpMode::Warps, &sources.Warp, marks, problems, notes);
+    if (EventsEditable(row)) AddEventLists(rom, map, sources, marks, problems, notes);
     return marks;
 }
