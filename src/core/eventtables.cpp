@@ -17,6 +17,11 @@ bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_
                         QString& error) {
     QByteArray content;
     if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
+    return LoadEventTypesFile(path, content, table, lastType, error);
+}
+
+bool LoadEventTypesFile(const QString& path, const QByteArray& content, EventTypeTableT& table,
+                        std::int16_t& lastType, QString& error) {
     FieldReader reader(content);
     SkipHeader(reader);
     table = {};
@@ -45,6 +50,11 @@ bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_
 bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& error) {
     QByteArray content;
     if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
+    return LoadEventsFile(path, content, table, error);
+}
+
+bool LoadEventsFile(const QString& path, const QByteArray& content, EventAddressTableT& table,
+                    QString& error) {
     FieldReader reader(content);
     SkipHeader(reader);
     table = {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -42,6 +43,9 @@ using EventAddressTableT = std::array<std::array<Field, EventAddressColumns>, Li
 // type, ends inside a record or holds more than 33 types.
 bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_t& lastType,
                         QString& error);
+// The same from the file's content, already read; `path` names the file in messages.
+bool LoadEventTypesFile(const QString& path, const QByteArray& content, EventTypeTableT& table,
+                        std::int16_t& lastType, QString& error);
 
 // Reads Events.twy: two lines skipped, then records of 10 fields, each into
 // the row its first field names; a later record for a row replaces an earlier
@@ -49,6 +53,9 @@ bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_
 // message, when it cannot be read, ends inside a record or names a row
 // outside 0 to 255.
 bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& error);
+// The same from the file's content, already read; `path` names the file in messages.
+bool LoadEventsFile(const QString& path, const QByteArray& content, EventAddressTableT& table,
+                    QString& error);
 
 // What a type's row says, checked against what the editor can hold.
 struct EventLayout {

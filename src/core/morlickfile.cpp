@@ -35,7 +35,12 @@ bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error)
                     .arg(QFileInfo(path).fileName(), file.errorString());
         return false;
     }
-    FieldReader reader(file.readAll());
+    return LoadMorlickFile(path, file.readAll(), tables, error);
+}
+
+bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTables& tables,
+                     QString& error) {
+    FieldReader reader(content);
     tables = {};
     Field count;
     if (!reader.ReadField(count) || count.kind() != Field::Kind::Number) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -31,3 +32,6 @@ struct MorlickTables {
 // failure returns false with a message naming the file and the line; the
 // tables are then not to be used.
 bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error);
+// The same from the file's content, already read; `path` names the file in messages.
+bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTables& tables,
+                     QString& error);

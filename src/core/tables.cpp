@@ -11,6 +11,11 @@ bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error,
                      std::int16_t* lastRow) {
     QByteArray content;
     if (!DataFile::ReadWhole(path, content, error)) return false;
+    return LoadTilesetFile(path, content, table, error, lastRow);
+}
+
+bool LoadTilesetFile(const QString& path, const QByteArray& content, TilesetTableT& table,
+                     QString& error, std::int16_t* lastRow) {
     FieldReader reader(content);
     reader.SkipLine();
     int row = -1;
@@ -36,6 +41,11 @@ bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& ma
                   std::int16_t& categoryCount, QString& error) {
     QByteArray content;
     if (!DataFile::ReadWhole(path, content, error)) return false;
+    return LoadMapsFile(path, content, categories, maps, categoryCount, error);
+}
+
+bool LoadMapsFile(const QString& path, const QByteArray& content, CategoryTableT& categories,
+                  MapTableT& maps, std::int16_t& categoryCount, QString& error) {
     FieldReader reader(content);
     reader.SkipLine();
     int category = -1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <array>
 
@@ -86,8 +87,14 @@ inline int TileBankIndex(const TilesetRowT& set, int tile) {
 // for the user, naming the file, into error; the table is then not to be used.
 bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error,
                      std::int16_t* lastRow = nullptr);
+// The same from the file's content, already read; `path` names the file in messages.
+bool LoadTilesetFile(const QString& path, const QByteArray& content, TilesetTableT& table,
+                     QString& error, std::int16_t* lastRow = nullptr);
 
 // Reads Maps.twy into the category and map tables; categoryCount becomes the
 // highest category row in use.
 bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& maps,
                   std::int16_t& categoryCount, QString& error);
+// The same from the file's content, already read; `path` names the file in messages.
+bool LoadMapsFile(const QString& path, const QByteArray& content, CategoryTableT& categories,
+                  MapTableT& maps, std::int16_t& categoryCount, QString& error);
