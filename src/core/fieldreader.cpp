@@ -44,12 +44,14 @@ void FieldReader::SkipLineEnd() {
 }
 
 void FieldReader::SkipLine() {
+    AfterComma_ = false;
     while (Pos_ < Text_.size() && !AtLineEnd())
         ++Pos_;
     if (Pos_ < Text_.size()) SkipLineEnd();
 }
 
 bool FieldReader::AtEnd() const {
+    if (AfterComma_) return false;
     for (qsizetype i = Pos_; i < Text_.size(); ++i) {
         const QChar c = Text_[i];
         if (!IsBlank(c) && c != u'\n' && c != u'\r') return false;
@@ -58,9 +60,16 @@ bool FieldReader::AtEnd() const {
 }
 
 bool FieldReader::ReadField(Field& out) {
+    if (AtEnd()) return false;
+    const bool announced = AfterComma_;
+    AfterComma_ = false;
+    if (announced && AtEnd()) {
+        // Only blanks and line ends after a comma: the empty field it announced.
+        out = Field();
+        return true;
+    }
     while (Pos_ < Text_.size() && IsBlank(Text_[Pos_]))
         ++Pos_;
-    if (Pos_ >= Text_.size()) return false;
 
     if (Text_[Pos_] == u'"') {
         const qsizetype start = ++Pos_;
@@ -93,10 +102,12 @@ bool FieldReader::ReadField(Field& out) {
     }
 
     if (Pos_ < Text_.size()) {
-        if (Text_[Pos_] == u',')
+        if (Text_[Pos_] == u',') {
             ++Pos_;
-        else
+            AfterComma_ = true;
+        } else {
             SkipLineEnd();
+        }
     }
     return true;
 }

@@ -14,11 +14,14 @@ public:
 
     // Skips the rest of the current line, whatever it holds.
     void SkipLine();
-    // Reads the next field. Returns false when the text ended before a field
-    // could begin.
+    // Reads the next field. Returns false, exactly when AtEnd() is true, when
+    // the text ended before a field could begin.
     bool ReadField(Field& out);
     // True once nothing but blanks and line ends is left. Editors commonly
-    // leave an empty line at the end of a file, so that counts as the end too.
+    // leave an empty line at the end of a file, so that counts as the end too,
+    // and blank lines there are no fields. A comma always separates two
+    // fields, though: after a comma one more field follows, empty when only
+    // blanks and line ends come after it.
     bool AtEnd() const;
     // The line the reader stands on, counted from 1, for messages.
     int Line() const { return Line_; }
@@ -30,4 +33,6 @@ private:
     QString Text_;
     qsizetype Pos_ = 0;
     int Line_ = 1;
+    // The last separator read was a comma, so another field must follow.
+    bool AfterComma_ = false;
 };

@@ -165,3 +165,32 @@ TEST(FieldReader, KnowsItsLineForMessagesAndWhereTheTextEnds) {
         EXPECT_FALSE(empty.ReadField(f));
     }
 }
+
+// AtEnd and ReadField once disagreed about blank lines at the end: AtEnd
+// called them the end while ReadField went on reading an empty field from
+// each of them.
+TEST(FieldReader, BlankLinesAtTheEndAreNoFieldsButACommaBeforeThemAnnouncesOne) {
+    for (const QByteArray& text :
+         {QByteArray("h\n1\n\n\n"), QByteArray("h\n1\n \r\n\t\n"), QByteArray("h\n1\n")}) {
+        SCOPED_TRACE(text.toStdString());
+        FieldReader reader(text);
+        reader.SkipLine();
+        Field f;
+        ASSERT_TRUE(reader.ReadField(f));
+        EXPECT_TRUE(reader.AtEnd());
+        EXPECT_FALSE(reader.ReadField(f));
+    }
+    for (const QByteArray& text :
+         {QByteArray("h\n1,\n\n"), QByteArray("h\n1,"), QByteArray("h\n1, ")}) {
+        SCOPED_TRACE(text.toStdString());
+        FieldReader reader(text);
+        reader.SkipLine();
+        Field f;
+        ASSERT_TRUE(reader.ReadField(f));
+        EXPECT_FALSE(reader.AtEnd());
+        ASSERT_TRUE(reader.ReadField(f));
+        EXPECT_TRUE(f.IsEmpty());
+        EXPECT_TRUE(reader.AtEnd());
+        EXPECT_FALSE(reader.ReadField(f));
+    }
+}

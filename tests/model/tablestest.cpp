@@ -219,3 +219,23 @@ TEST_F(Tables, DamagedOrMissingDataFileIsRefusedWithAMessage) {
         EXPECT_EQ(CategoryCount, -1);
     }
 }
+
+// Blank lines at the end of a file are the end, not empty fields: they must
+// not fill up a record that the file ends inside. And a comma just before the
+// end announces one more field, as it does everywhere else in a file.
+TEST_F(Tables, BlankLinesAtTheEndNoLongerCompleteARecordCutShort) {
+    const QByteArray cutShort = TilesetHeader + TilesetRecord(0) + "1,\"Half\",3,4\n\n\n\n";
+    EXPECT_FALSE(Load(TilesetName, cutShort));
+    EXPECT_TRUE(Error.contains(QStringLiteral("tileset 1"))) << Error.toStdString();
+
+    const QByteArray oneTooMany = TilesetHeader + TilesetRecord(0).chopped(1) + ",\n";
+    EXPECT_FALSE(Load(TilesetName, oneTooMany));
+    EXPECT_TRUE(Error.contains(QStringLiteral("tileset 1"))) << Error.toStdString();
+
+    // The last field left empty by a comma before the end is read as such.
+    Error.clear();
+    ASSERT_TRUE(Load(TilesetName, TilesetHeader + "7,\"Grove\",159,0,255,16385,\n\n"))
+        << Error.toStdString();
+    EXPECT_EQ((*TilesetRows)[0][TilesetBlockPos].ToInt32(), 16385);
+    EXPECT_TRUE((*TilesetRows)[0][TilesetBlockBias].IsEmpty());
+}
