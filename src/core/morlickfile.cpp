@@ -47,12 +47,13 @@ bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTabl
         error = Damaged(path, QStringLiteral("it does not begin with the number of species"), 1);
         return false;
     }
+    // The species list shows places 1 to n, and places are rows 0 to 255.
     const int n = count.ToInt32();
-    if (n < 0 || n > Limits::TableRows) {
+    if (n < 0 || n > MaxSpecies) {
         error = Damaged(path,
                         QStringLiteral("it gives %1 species, but there can be 0 to %2")
                             .arg(count.Written())
-                            .arg(Limits::TableRows),
+                            .arg(MaxSpecies),
                         1);
         return false;
     }

@@ -27,6 +27,10 @@ struct MorlickTables {
     std::vector<MorlickEntry> Records;
 };
 
+// The list shows places 1 to Count, each a row of ByList, so a file holds at
+// most 255 species.
+inline constexpr int MaxSpecies = Limits::TableRows - 1;
+
 // Reads Morlick.twy: no line is skipped, the first field is the count, then
 // each record is a code in hexadecimal digits, a name and a list place. On
 // failure returns false with a message naming the file and the line; the

@@ -83,3 +83,23 @@ TEST_F(MorlickFile, ABrokenFileIsToldWithItsNameAndLine) {
     EXPECT_FALSE(LoadMorlickFile(Dir.filePath(QStringLiteral("none.twy")), Tables, Error));
     EXPECT_TRUE(Error.contains(QStringLiteral("none.twy"))) << Error.toStdString();
 }
+
+// A file of 256 species was taken, and the wild editor, listing places 1 to
+// the count, then read a place past the 256 rows of the list table.
+TEST_F(MorlickFile, TwoHundredFiftySixSpeciesAreRefusedAsTheirListWouldRunPastTheTable) {
+    const auto file = [](int n) {
+        QByteArray text = QByteArray::number(n) + "\n";
+        for (int code = 0; code < n; ++code)
+            text += QByteArray::number(code, 16) + ",\"Kind " + QByteArray::number(code) + "\"," +
+                    QByteArray::number(code % 255 + 1) + "\n";
+        return text;
+    };
+    ASSERT_TRUE(Load(file(255))) << Error.toStdString();
+    EXPECT_EQ(Tables.Count, 255);
+    EXPECT_EQ(Tables.ByList[255].Name, QStringLiteral("Kind 254"));
+
+    EXPECT_FALSE(Load(file(256)));
+    EXPECT_TRUE(Error.contains(QStringLiteral("gives 256 species, but there can be 0 to 255")))
+        << Error.toStdString();
+    EXPECT_TRUE(Error.contains(QStringLiteral("(line 1)"))) << Error.toStdString();
+}
