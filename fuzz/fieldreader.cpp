@@ -12,15 +12,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // As the data files are read: the first line skipped, then fields to the end.
     FieldReader reader(content);
     reader.SkipLine();
-    // Each field takes at least one character, so there are never more fields
-    // than characters; more would mean a reader that stands still.
+    // Each field takes at least one character, but for the empty one after a
+    // comma at the end, so there are never more fields than characters and
+    // one; more would mean a reader that stands still.
     std::size_t fields = 0;
     int line = reader.Line();
     Field field;
-    while (!reader.AtEnd()) {
-        // Something other than blanks and line ends is left, so a field begins.
-        FUZZ_CHECK(reader.ReadField(field));
-        FUZZ_CHECK(++fields <= size);
+    for (;;) {
+        // Where AtEnd says the text has ended, ReadField agrees, and nowhere else.
+        const bool atEnd = reader.AtEnd();
+        const bool read = reader.ReadField(field);
+        FUZZ_CHECK(read == !atEnd);
+        if (!read) break;
+        FUZZ_CHECK(++fields <= size + 1);
         FUZZ_CHECK(reader.Line() >= line);
         line = reader.Line();
         // Every conversion the tables make of a field.
@@ -29,8 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         (void)field.ToText();
         (void)field.IsTrue();
         FUZZ_CHECK(field.IsEmpty() == (field.kind() == Field::Kind::Empty));
+        FUZZ_CHECK(field.kind() != Field::Kind::Empty || field.Written().isEmpty());
     }
-    FUZZ_CHECK(!reader.ReadField(field) || reader.AtEnd());
 
     // Skipping lines alone also reaches the end, one line at a time.
     FieldReader lines(content);

@@ -74,6 +74,10 @@ FuzzInputWriter& FuzzInputWriter::Number(std::int32_t value) {
     return Value(0, value);
 }
 
+FuzzInputWriter& FuzzInputWriter::NumberText(std::int32_t value) {
+    return Value(4, value);
+}
+
 FuzzInputWriter& FuzzInputWriter::Text(std::int32_t fourBytes) {
     return Value(5, fourBytes);
 }
@@ -102,4 +106,16 @@ QString WriteScratchFile(const QString& name, const QByteArray& bytes) {
         std::abort();
     }
     return path;
+}
+
+void OpenScratchRom(const QByteArray& image, RomFile& rom) {
+    if (!rom.Open(WriteScratchFile(QStringLiteral("rom.gb"), image))) {
+        std::fprintf(stderr, "The scratch ROM could not be opened: %s\n", qPrintable(rom.Error()));
+        std::abort();
+    }
+}
+
+std::uint8_t ImageByte(const QByteArray& image, std::int64_t position) {
+    FUZZ_CHECK(position >= 1 && position <= image.size());
+    return static_cast<std::uint8_t>(image[static_cast<qsizetype>(position - 1)]);
 }

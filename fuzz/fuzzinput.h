@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "core/field.h"
+#include "rom/romfile.h"
 
 // What the fuzz targets share: reading table values off the front of an
 // input, the ROM image after them, and a check that stops the run.
@@ -50,6 +51,7 @@ class FuzzInputWriter {
 public:
     FuzzInputWriter& Byte(std::uint8_t value);
     FuzzInputWriter& Number(std::int32_t value);
+    FuzzInputWriter& NumberText(std::int32_t value);
     FuzzInputWriter& Text(std::int32_t fourBytes);
     FuzzInputWriter& Empty();
     FuzzInputWriter& Bytes(const QByteArray& bytes);
@@ -63,3 +65,11 @@ private:
 // Writes `bytes` to a file of the given name in a folder of this run and
 // returns its path, for readers that open a file by its path.
 QString WriteScratchFile(const QString& name, const QByteArray& bytes);
+
+// Writes a ROM image to a scratch file and opens it, as the editors open a
+// ROM; a file that cannot be made or opened stops the run.
+void OpenScratchRom(const QByteArray& image, RomFile& rom);
+
+// The byte of an image at a 1-based position, for checking what a reader
+// gave; the position must lie inside the image.
+std::uint8_t ImageByte(const QByteArray& image, std::int64_t position);
