@@ -133,8 +133,10 @@ bool ReadEventLayout(const EventTypeTableT& table, int type, EventLayout& layout
     }
     layout.ListColumn = row[TypeListColumn].ToInt32();
     layout.RecordSize = row[TypeRecordSize].ToInt32();
-    layout.Bias1 = row[TypeBias1].ToInt32();
-    layout.Bias2 = row[TypeBias2].ToInt32();
+    // A bias counts squares, held to 16 bits like the map's offsets, so that
+    // a coordinate with both on or off always fits a field.
+    layout.Bias1 = row[TypeBias1].ToInt16();
+    layout.Bias2 = row[TypeBias2].ToInt16();
     layout.YField = row[TypeYField].ToInt32();
     layout.XField = row[TypeXField].ToInt32();
     return true;

@@ -81,6 +81,7 @@ std::vector<EventLayoutFault> EventLayoutFaults(const EventTypeTableT& table, in
 
 // Reads and checks the row of a type: a list column of 1 to 8, a record size
 // of 1 to 16, y and x fields inside the record with x directly after y, and
-// the seven other field numbers 0 or inside the record. False, with a message
-// naming the type and the first fault, when the row breaks one of these.
+// the seven other field numbers 0 or inside the record; the biases are held
+// to 16 bits. False, with a message naming the type and the first fault, when
+// the row breaks one of these.
 bool ReadEventLayout(const EventTypeTableT& table, int type, EventLayout& layout, QString& error);

@@ -40,8 +40,10 @@ bool FindEventList(const EventAddressTableT& addresses, int map, const QString& 
 }
 
 void ShiftEventList(EventTable& rows, int count, const EventLayout& layout, int map, int sign) {
-    const int dx = sign * Defines.MapTable[map][MapXShift].ToInt32();
-    const int dy = sign * Defines.MapTable[map][MapYShift].ToInt32();
+    // An offset counts squares and is held to 16 bits like the program's other
+    // counts, so that a byte with an offset and a bias on or off always fits a field.
+    const int dx = sign * Defines.MapTable[map][MapXShift].ToInt16();
+    const int dy = sign * Defines.MapTable[map][MapYShift].ToInt16();
     for (int i = 0; i < count; ++i) {
         rows[i][layout.XField - 1] += dx;
         rows[i][layout.YField - 1] += dy;

@@ -15,8 +15,10 @@ QString WarpFieldName(WarpMode mode, int field) {
 }
 
 void ShiftWarpList(WarpTable& rows, int count, WarpMode mode, int map, int sign) {
-    const int dx = sign * Defines.MapTable[map][MapXShift].ToInt32();
-    const int dy = sign * Defines.MapTable[map][MapYShift].ToInt32();
+    // An offset counts squares and is held to 16 bits like the program's other
+    // counts, so that a byte with an offset on or off always fits a field.
+    const int dx = sign * Defines.MapTable[map][MapXShift].ToInt16();
+    const int dy = sign * Defines.MapTable[map][MapYShift].ToInt16();
     for (int i = 0; i < count; ++i) {
         rows[i][XField(mode)] += dx;
         rows[i][YField(mode)] += dy;

@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QTest>
+#include <limits>
 
 #include "core/defines.h"
 #include "eventedit/eventedit.h"
@@ -290,6 +291,43 @@ TEST_F(EventEditTest, ABiasComesOffForTheViewAndGoesBackOnAPlacement) {
     EXPECT_EQ(At(ReadFile(Defines.RomPath), list), 4 + 1);      // y
     EXPECT_EQ(At(ReadFile(Defines.RomPath), list + 1), 2 + 3);  // x
     EXPECT_EQ(e->EventSym[0]->LeftTwips(), 120 + 480 * 2);      // read back to the same square
+}
+
+// Offsets from Maps.twy and biases from EventTypes.twy were taken as 32-bit
+// numbers, so that the highest and the lowest overflowed a field when they
+// went on or off a byte. They are held to 16 bits now, and an unmoved event
+// is written back as it was.
+TEST_F(EventEditTest, OffsetsAndBiasesAtTheEndsOfTheRangeNoLongerOverflowAField) {
+    constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
+    auto& town = Defines.MapTable[Town];
+    town[MapXShift] = Field::Number(highest);
+    town[MapYShift] = Field::Number(lowest);
+    std::vector<Fixture::EventType> types = Project.EventTypes;
+    types[TwoBias].Bias1 = lowest;
+    types[TwoBias].Bias2 = highest;
+    ASSERT_TRUE(Fixture::WriteFile(PathOf(QString::fromLatin1(Fixture::EventTypesFile)),
+                                   Fixture::EventTypesFileText(types)));
+
+    EventEdit* e = Open(Town);
+    ASSERT_NE(e, nullptr);
+    EXPECT_EQ(e->Events[0][1], 5 + 32767);  // x
+    EXPECT_EQ(e->Events[0][0], 1 - 32768);  // y
+    const QByteArray before = ReadFile(Defines.RomPath);
+    Save(e);
+    EXPECT_EQ(Script.Count(Saved), 1);
+    EXPECT_EQ(ReadFile(Defines.RomPath), before);
+    ASSERT_TRUE(Close(e));
+
+    e = Open(Meadow);
+    ASSERT_NE(e, nullptr);
+    Go(e, TwoBias);
+    ASSERT_EQ(e->CurEventType, TwoBias);
+    EXPECT_EQ(e->EntrySquare(0), QPoint(3 - 32767, 1 + 32768));
+    Script.Clear();
+    Save(e);
+    EXPECT_EQ(Script.Count(Saved), 1);
+    EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
 
 TEST_F(EventEditTest, TypedValuesReachTheTableOnlyAsWholeNumbers) {

@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QTest>
+#include <limits>
 
 #include "core/defines.h"
 #include "mapview/compose.h"
@@ -426,6 +427,24 @@ TEST_F(WarpEditTest, ListsTheEditorCannotReadWhollyAreToldOnOpening) {
     Save(w);
     EXPECT_EQ(Script.Count(Saved), 1);
     EXPECT_FALSE(w->WarpsChanged);
+    EXPECT_EQ(ReadFile(Defines.RomPath), before);
+}
+
+// Offsets from Maps.twy were taken as 32-bit numbers, so that the highest and
+// the lowest overflowed a field when they went on or off a byte. They are
+// held to 16 bits now, and an unmoved warp is written back as it was.
+TEST_F(WarpEditTest, OffsetsAtTheEndsOfTheRangeNoLongerOverflowAField) {
+    auto& town = Defines.MapTable[Town];
+    town[MapXShift] = Field::Number(std::numeric_limits<std::int32_t>::max());
+    town[MapYShift] = Field::Number(std::numeric_limits<std::int32_t>::min());
+    WarpEdit* w = Open(Town);
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->Warps[0][1], 4 + 32767);  // x
+    EXPECT_EQ(w->Warps[0][0], 1 - 32768);  // y
+    EXPECT_FALSE(w->WarpSym[0]->isVisibleTo(w));
+    const QByteArray before = ReadFile(Defines.RomPath);
+    Save(w);
+    EXPECT_EQ(Script.Count(Saved), 1);
     EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
 
