@@ -10,6 +10,7 @@
 // records than the list has, and left the other rows alone. A read that
 // fails left the rows and the place alone.
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 
 #include "core/defines.h"
@@ -51,6 +52,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(layout.RecordSize >= 1 && layout.RecordSize <= MaxRecordSize);
     FUZZ_CHECK(layout.YField >= 1 && layout.XField == layout.YField + 1);
     FUZZ_CHECK(layout.XField <= layout.RecordSize);
+    // Biases are held to 16 bits, so a byte with a bias on or off fits a field.
+    for (const int bias : {layout.Bias1, layout.Bias2})
+        FUZZ_CHECK(bias >= INT16_MIN && bias <= INT16_MAX);
 
     RomFile rom;
     OpenScratchRom(image, rom);

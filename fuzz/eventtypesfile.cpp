@@ -4,6 +4,7 @@
 // Every row read is then checked as the event editor checks a type, and a
 // layout that passes must describe a record the editor can hold.
 #include <QByteArray>
+#include <cstdint>
 #include <memory>
 
 #include "core/eventtables.h"
@@ -56,6 +57,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FUZZ_CHECK(layout.RecordSize >= 1 && layout.RecordSize <= MaxRecordSize);
         FUZZ_CHECK(layout.YField >= 1 && layout.XField == layout.YField + 1);
         FUZZ_CHECK(layout.XField <= layout.RecordSize);
+        // Biases are held to 16 bits, so a byte with a bias on or off fits a field.
+        for (const int bias : {layout.Bias1, layout.Bias2})
+            FUZZ_CHECK(bias >= INT16_MIN && bias <= INT16_MAX);
         for (int c = TypeTextField; c <= TypeTrainerField; ++c) {
             const int field = (*table)[type][c].ToInt32();
             FUZZ_CHECK(field >= 0 && field <= layout.RecordSize);
