@@ -63,7 +63,10 @@ void CheckEventTypes(const SharedFiles& files, std::vector<Finding>& out) {
     }
 }
 
-void CheckEventCounts(const SharedFiles& files, std::vector<Finding>& out) {
+// Calls `visit` for each map whose events the editor reaches and each listed
+// type, with the type's layout and name and whether its list was found.
+template <typename Visit>
+void ForEachEventList(const SharedFiles& files, Visit visit) {
     const std::vector<int> types = ListedTypes(files);
     for (const int map : MapRowsInUse(files)) {
         if (!EventsEditable(files.Maps[map])) continue;
@@ -73,47 +76,46 @@ void CheckEventCounts(const SharedFiles& files, std::vector<Finding>& out) {
             const QString typeName = files.EventTypes[type][TypeName].ToText();
             EventListPlace place;
             QString error;
-            const Finding cell = ListCell(files, map, layout.ListColumn + 1);
-            if (!FindEventList(files.EventLists, map, files.Maps[map][MapName].ToText(), typeName,
-                               layout, place, error))
-                out.push_back(
-                    Found(cell, QStringLiteral("The map has %1 \"%2\" events, which "
-                                               "cannot be: the event editor would not "
-                                               "open on them.")
-                                    .arg(EventListCount(files.EventLists, map, layout.ListColumn))
-                                    .arg(typeName)));
-            else if (place.Given > Limits::MaxEvents)
-                out.push_back(Found(cell, QStringLiteral("The map has %1 \"%2\" events, but the "
-                                                         "event editor holds %3: it would show "
-                                                         "and save only the first %3.")
-                                              .arg(place.Given)
-                                              .arg(typeName)
-                                              .arg(Limits::MaxEvents)));
+            const bool found =
+                FindEventList(files.EventLists, map, files.Maps[map][MapName].ToText(), typeName,
+                              layout, place, error);
+            visit(map, layout, typeName, found, place);
         }
     }
 }
 
+void CheckEventCounts(const SharedFiles& files, std::vector<Finding>& out) {
+    ForEachEventList(files, [&](int map, const EventLayout& layout, const QString& typeName,
+                                bool found, const EventListPlace& place) {
+        const Finding cell = ListCell(files, map, layout.ListColumn + 1);
+        if (!found)
+            out.push_back(
+                Found(cell, QStringLiteral("The map has %1 \"%2\" events, which "
+                                           "cannot be: the event editor would not "
+                                           "open on them.")
+                                .arg(EventListCount(files.EventLists, map, layout.ListColumn))
+                                .arg(typeName)));
+        else if (place.Given > Limits::MaxEvents)
+            out.push_back(Found(cell, QStringLiteral("The map has %1 \"%2\" events, but the "
+                                                     "event editor holds %3: it would show "
+                                                     "and save only the first %3.")
+                                          .arg(place.Given)
+                                          .arg(typeName)
+                                          .arg(Limits::MaxEvents)));
+    });
+}
+
 void CheckEventAreas(const SharedFiles& files, AreaMap& areas, std::vector<Finding>& out) {
-    const std::vector<int> types = ListedTypes(files);
-    for (const int map : MapRowsInUse(files)) {
-        if (!EventsEditable(files.Maps[map])) continue;
-        for (const int type : types) {
-            EventLayout layout;
-            Layout(files, type, layout);
-            const QString typeName = files.EventTypes[type][TypeName].ToText();
-            EventListPlace place;
-            QString error;
-            if (!FindEventList(files.EventLists, map, files.Maps[map][MapName].ToText(), typeName,
-                               layout, place, error))
-                continue;
-            PlacedArea list;
-            list.Area = place.List;
-            list.Cell = ListCell(files, map, layout.ListColumn);
-            list.What = QStringLiteral("the \"%1\" list").arg(typeName);
-            list.Whose = list.What + QStringLiteral(" of ") + MapLabel(files, map);
-            areas.Place(list, out);
-        }
-    }
+    ForEachEventList(files, [&](int map, const EventLayout& layout, const QString& typeName,
+                                bool found, const EventListPlace& place) {
+        if (!found) return;
+        PlacedArea list;
+        list.Area = place.List;
+        list.Cell = ListCell(files, map, layout.ListColumn);
+        list.What = QStringLiteral("the \"%1\" list").arg(typeName);
+        list.Whose = list.What + QStringLiteral(" of ") + MapLabel(files, map);
+        areas.Place(list, out);
+    });
 }
 
 }  // namespace Check
