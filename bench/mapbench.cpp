@@ -119,9 +119,10 @@ static void BM_ScrollStep255(benchmark::State& state) {
 }
 BENCHMARK(BM_ScrollStep255)->Unit(benchmark::kMicrosecond);
 
-// The warp editor: opening it on the big map (reading the warp list and the
-// map anew and drawing the placement view), and one scroll step of its view.
-static void BM_OpenWarpEditor255(benchmark::State& state) {
+// Opening an editor of the Mode menu on the big map: reading its list and the
+// map anew and drawing the placement view. Closing it is not timed.
+template <typename Editor>
+static void OpenEditor(benchmark::State& state, QAction* MainForm::*command) {
     BigMapFolder folder;
     MainForm* form = folder.StartUp();
     if (!form) {
@@ -129,14 +130,19 @@ static void BM_OpenWarpEditor255(benchmark::State& state) {
         return;
     }
     for (auto _ : state) {
-        form->mnuWarpEdit->trigger();
-        WarpEdit* editor = form->findChild<WarpEdit*>();
+        (form->*command)->trigger();
+        Editor* editor = form->findChild<Editor*>();
         benchmark::DoNotOptimize(editor);
         state.PauseTiming();
         if (editor) editor->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         state.ResumeTiming();
     }
+}
+
+// The warp editor: opening it, and one scroll step of its view.
+static void BM_OpenWarpEditor255(benchmark::State& state) {
+    OpenEditor<WarpEdit>(state, &MainForm::mnuWarpEdit);
 }
 BENCHMARK(BM_OpenWarpEditor255)->Unit(benchmark::kMicrosecond);
 
@@ -164,21 +170,7 @@ BENCHMARK(BM_WarpEditorScrollStep255)->Unit(benchmark::kMicrosecond);
 // The event editor: opening it on the big map with a list of 32 records, and
 // "Go" from one such list to the other.
 static void BM_OpenEventEditor255(benchmark::State& state) {
-    BigMapFolder folder;
-    MainForm* form = folder.StartUp();
-    if (!form) {
-        state.SkipWithError("start-up failed");
-        return;
-    }
-    for (auto _ : state) {
-        form->mnuEventEdit->trigger();
-        EventEdit* editor = form->findChild<EventEdit*>();
-        benchmark::DoNotOptimize(editor);
-        state.PauseTiming();
-        if (editor) editor->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        state.ResumeTiming();
-    }
+    OpenEditor<EventEdit>(state, &MainForm::mnuEventEdit);
 }
 BENCHMARK(BM_OpenEventEditor255)->Unit(benchmark::kMicrosecond);
 
