@@ -6,7 +6,6 @@
 #include "eventedit/eventedit.h"
 #include "fixture/datafilenames.h"
 #include "fixture/project.h"
-#include "rom/fileops.h"
 #include "support/apptest.h"
 
 namespace {
@@ -97,10 +96,6 @@ protected:
         AppTest::SetUp();
         Form = StartUp(Project);
         ASSERT_NE(Form, nullptr);
-    }
-    void TearDown() override {
-        FileOps::ClearFaults();
-        AppTest::TearDown();
     }
     EventEdit* Open(int map) {
         GoTo(Form, 0, map);
@@ -374,15 +369,6 @@ TEST_F(EventEditTest, TypedValuesReachTheTableOnlyAsWholeNumbers) {
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("its x")));
     EXPECT_EQ(ReadFile(Defines.RomPath), before);
     EXPECT_TRUE(e->EventsChanged);
-    // A write that fails keeps the flag and confirms nothing.
-    PressCell(e, 1, 1, 0);
-    FileOps::FailOn(FileOps::Op::Write);
-    Script.Clear();
-    Save(e);
-    EXPECT_EQ(Script.Count(Saved), 0);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(e->EventsChanged);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
 
 TEST_F(EventEditTest, GoRefusesATypeWithoutEventsAndOtherwiseReadsTheList) {

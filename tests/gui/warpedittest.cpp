@@ -5,7 +5,6 @@
 #include "core/defines.h"
 #include "mapview/compose.h"
 #include "mapview/tiles.h"
-#include "rom/fileops.h"
 #include "support/apptest.h"
 #include "warpedit/warpedit.h"
 
@@ -74,10 +73,6 @@ protected:
         AppTest::SetUp();
         Form = StartUp(Project);
         ASSERT_NE(Form, nullptr);
-    }
-    void TearDown() override {
-        FileOps::ClearFaults();
-        AppTest::TearDown();
     }
     WarpEdit* Open(int map = Town) {
         GoTo(Form, 0, map);
@@ -329,15 +324,6 @@ TEST_F(WarpEditTest, AFieldOutsideAByteIsRefusedAndNothingIsWritten) {
     EXPECT_EQ(w->Warps[2][1], 1);  // still in the window's coordinates
     EXPECT_EQ(w->Warps[0], (WarpRecord{4, 6, 5, 6}));
     EXPECT_TRUE(w->WarpsChanged);
-    // A write that fails keeps the flag and shows no confirmation.
-    PressCell(w, 1, 0, 0);
-    FileOps::FailOn(FileOps::Op::Write);
-    Script.Clear();
-    Save(w);
-    EXPECT_EQ(Script.Count(Saved), 0);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(w->WarpsChanged);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
 
 TEST_F(WarpEditTest, GridlinesAtHalfBlockPitchFitTheMap) {

@@ -4,7 +4,6 @@
 #include "core/defines.h"
 #include "fixture/datafilenames.h"
 #include "fixture/project.h"
-#include "rom/fileops.h"
 #include "support/apptest.h"
 #include "wildedit/wildedit.h"
 
@@ -55,10 +54,6 @@ protected:
         AppTest::SetUp();
         Form = StartUp(Project);
         ASSERT_NE(Form, nullptr);
-    }
-    void TearDown() override {
-        FileOps::ClearFaults();
-        AppTest::TearDown();
     }
     // Goes to a map and chooses the editor from the menu; the window on
     // screen, or nullptr.
@@ -268,17 +263,4 @@ TEST_F(WildEditTest, WhatCannotBeReadKeepsTheWindowShut) {
     // The main window goes on working.
     GoTo(Form, 0, Unlisted);
     EXPECT_FALSE(Form->mnuWildEdit->isEnabled());
-}
-
-TEST_F(WildEditTest, ASaveThatCannotWriteSaysSoInsteadOfTheConfirmation) {
-    WildEdit* w = Open();
-    ASSERT_NE(w, nullptr);
-    const QByteArray before = ReadFile(Defines.RomPath);
-    Type(w, QStringLiteral("99"));
-    FileOps::FailOn(FileOps::Op::Write);
-    Script.AnswerNo();
-    QTest::mouseClick(w->Command1, Qt::LeftButton);
-    EXPECT_EQ(Script.Count(Saved), 0);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
