@@ -23,7 +23,8 @@ FUZZ_TARGETS := fieldreader tilesetfile mapsfile morlickfile eventtypesfile even
 
 PACKAGES := build-essential cmake qt6-base-dev qt6-base-dev-tools libgl-dev \
             libgtest-dev libbenchmark-dev clang-format fonts-dejavu-extra \
-            libpng-dev clang-14 libclang-rt-14-dev
+            libpng-dev clang-14 libclang-rt-14-dev scdoc desktop-file-utils \
+            xvfb xauth xdotool
 FORMAT_DIRS := src app tools tests bench fuzz
 
 # apt-get needs root; sudo is used only when make does not run as root.
@@ -125,10 +126,11 @@ bench: build
 	    echo "No benchmarks are built yet ($(BUILD)/bin/tarnwey_bench is missing)."; \
 	fi
 
-# The archive unpacks into one folder that runs with Debian's Qt 6 runtime
-# packages alone; see README.md.
+# The archive unpacks into one folder that carries its own Qt; the check
+# shows it running with the system's Qt hidden. See README.md.
 package: build
 	cd $(BUILD) && cpack -G TGZ
+	sh tests/package/packagecheck.sh $$(ls -t $(BUILD)/Tarnwey-*.tar.gz | head -n 1)
 
 format: deps
 	find $(FORMAT_DIRS) \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format -i
