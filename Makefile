@@ -4,7 +4,8 @@
 #   make test          format check, then every test in a Release build and in a
 #                      sanitizer build (address and undefined behaviour)
 #   make bench         build (Release) and run the benchmarks
-#   make package       build (Release) and pack the portable archive into the build folder
+#   make package       build (Release), pack the portable archive into the build folder
+#                      and check that it runs with the system's Qt hidden
 #   make fuzz          build the fuzz targets with clang and run each for FUZZ_SECONDS
 #                      (default 60): make fuzz FUZZ_SECONDS=5
 #   make fuzz-seeds    write the seed inputs of fuzz/corpus anew
