@@ -60,8 +60,8 @@ int main(int argc, char** argv) {
         });
     QApplication app(argc, argv);
     if (const auto status = line.Parse(QCoreApplication::arguments().mid(1))) return *status;
-    if (line.Operands().size() > 1)
-        return line.Refuse(QStringLiteral("one operand too many: '%1'").arg(line.Operands()[1]));
+    if (!line.Operands().isEmpty())
+        if (const auto status = line.NeedOperands({QStringLiteral("ROM")})) return *status;
     out.flush();
     err.flush();
     // Windows are shown and hidden in turn; the program ends only by its own
