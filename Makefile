@@ -4,7 +4,8 @@
 #   make test          format check, then every test in a Release build and in a
 #                      sanitizer build (address and undefined behaviour)
 #   make bench         build (Release) and run the benchmarks
-#   make package       build (Release) and pack the portable archive into the build folder
+#   make package       build (Release), pack the portable archive into the build folder
+#                      and check that it runs with the system's Qt hidden
 #   make fuzz          build the fuzz targets with clang and run each for FUZZ_SECONDS
 #                      (default 60): make fuzz FUZZ_SECONDS=5
 #   make fuzz-seeds    write the seed inputs of fuzz/corpus anew
@@ -23,7 +24,8 @@ FUZZ_TARGETS := fieldreader tilesetfile mapsfile morlickfile eventtypesfile even
 
 PACKAGES := build-essential cmake qt6-base-dev qt6-base-dev-tools libgl-dev \
             libgtest-dev libbenchmark-dev clang-format fonts-dejavu-extra \
-            libpng-dev clang-14 libclang-rt-14-dev
+            libpng-dev clang-14 libclang-rt-14-dev scdoc desktop-file-utils \
+            xvfb xauth xdotool
 FORMAT_DIRS := src app tools tests bench fuzz
 
 # apt-get needs root; sudo is used only when make does not run as root.
@@ -125,10 +127,11 @@ bench: build
 	    echo "No benchmarks are built yet ($(BUILD)/bin/tarnwey_bench is missing)."; \
 	fi
 
-# The archive unpacks into one folder that runs with Debian's Qt 6 runtime
-# packages alone; see README.md.
+# The archive unpacks into one folder that carries its own Qt; the check
+# shows it running with the system's Qt hidden. See README.md.
 package: build
 	cd $(BUILD) && cpack -G TGZ
+	sh tests/package/packagecheck.sh $$(ls -t $(BUILD)/Tarnwey-*.tar.gz | head -n 1)
 
 format: deps
 	find $(FORMAT_DIRS) \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format -i

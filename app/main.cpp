@@ -1,12 +1,69 @@
 #include <QApplication>
+#include <QFileInfo>
+#include <QTextStream>
+#include <cstdio>
 
+#include "cli/commandline.h"
 #include "core/defines.h"
 #include "startup/program.h"
 #include "ui/programfont.h"
 #include "ui/qtdialogs.h"
 
+namespace {
+Cli::Command EditorCommand() {
+    return {QStringLiteral("tarnwey"),
+            {QStringLiteral("[QT-OPTION]... [ROM]")},
+            QStringLiteral(
+                "The map editor for ROM files of Morlick Red and Blue. Without ROM it asks for\n"
+                "the ROM file first; with it, it opens that file as if it had been chosen in\n"
+                "the open dialog, and asks for the game's version next. The data files and the\n"
+                "tile bank lie beside the program."),
+            {},
+            QStringLiteral(
+                "Qt's own options are taken too, for instance -platform xcb, -style fusion or\n"
+                "-display :1.\n\n"
+                "Exit status: 0 when the editor is left by its Exit; 1 when start-up cannot go\n"
+                "on (a data file or the tile bank cannot be read); 2 a bad command line."),
+            QStringLiteral("Tarnwey ") + Cli::ProgramVersion()};
+}
+
+QStringList Arguments(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+}  // namespace
+
 int main(int argc, char** argv) {
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    Cli::CommandLine line(EditorCommand(), out, err);
+    // --help and --version are answered before the toolkit starts, so that
+    // they need no display.
+    QStringList early;
+    for (const QString& argument : Arguments(argc, argv)) {
+        if (argument == u"--") break;
+        if (argument == u"-h" || argument == u"--help" || argument == u"--version")
+            early << argument;
+    }
+    if (const auto status = line.Parse(early)) return *status;
+
+    // The toolkit takes its own options out of the arguments; what is left
+    // is the editor's. Its note on a missing runtime folder, which it mends
+    // itself, is no business of the user's.
+    static const QtMessageHandler toolkit = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+            if (!message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
+                toolkit(type, context, message);
+        });
     QApplication app(argc, argv);
+    if (const auto status = line.Parse(QCoreApplication::arguments().mid(1))) return *status;
+    if (!line.Operands().isEmpty())
+        if (const auto status = line.NeedOperands({QStringLiteral("ROM")})) return *status;
+    out.flush();
+    err.flush();
     // Windows are shown and hidden in turn; the program ends only by its own
     // Exit, never because no window happens to be up.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -14,8 +71,9 @@ int main(int argc, char** argv) {
     QtDialogs dialogs;
     SetDialogs(&dialogs);
     Defines.ProgramFolder = QCoreApplication::applicationDirPath();
-    Program::SetOnEnd([] { QCoreApplication::exit(0); });
-    Program::Main();
-    if (Program::Ended()) return 0;
+    Program::SetOnEnd([] { QCoreApplication::exit(Program::ExitStatus()); });
+    Program::Main(line.Operands().isEmpty() ? QString()
+                                            : QFileInfo(line.Operands()[0]).absoluteFilePath());
+    if (Program::Ended()) return Program::ExitStatus();
     return QApplication::exec();
 }

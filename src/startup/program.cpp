@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <utility>
 
 #include "mapedit/mainform.h"
 #include "startup/splash.h"
@@ -13,6 +14,8 @@ QPointer<Splash> TheSplash;
 QPointer<VersionSelect> TheVersionSelect;
 QPointer<MainForm> TheMainForm;
 bool HasEnded = false;
+int Status = 0;
+QString InitialRom;
 std::function<void()> OnEnd;
 
 void Discard(QWidget* form) {
@@ -22,11 +25,25 @@ void Discard(QWidget* form) {
 }
 }  // namespace
 
-void Main() {
+void Main(const QString& initialRom) {
     HasEnded = false;
+    InitialRom = initialRom;
     if (!TheVersionSelect) TheVersionSelect = new VersionSelect();
     TheSplash = new Splash();
     TheSplash->Load();
+}
+
+QString TakeInitialRom() {
+    return std::exchange(InitialRom, QString());
+}
+
+void EndOnError() {
+    Status = 1;
+    End();
+}
+
+int ExitStatus() {
+    return Status;
 }
 
 void End() {
@@ -73,6 +90,8 @@ void Reset() {
     delete TheSplash.data();
     delete TheVersionSelect.data();
     HasEnded = false;
+    Status = 0;
+    InitialRom.clear();
     OnEnd = nullptr;
 }
 

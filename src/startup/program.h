@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 
 class Splash;
@@ -12,10 +13,19 @@ class MainForm;
 namespace Program {
 
 // The entry: creates the splash window, whose load asks for the ROM file.
-void Main();
+// A ROM given here (from the command line) is taken as if it had been chosen
+// in that dialog, on this pass only.
+void Main(const QString& initialRom = {});
+// The ROM given to Main, once; empty when none was given or it has been taken.
+QString TakeInitialRom();
 // Ends the program at once: every window goes and the event loop stops.
 void End();
+// The same, after a start-up that could not go on: the program ends with
+// a status that tells of a failure.
+void EndOnError();
 bool Ended();
+// 0 after End, 1 after EndOnError.
+int ExitStatus();
 
 Splash* SplashForm();
 VersionSelect* VersionSelectForm();

@@ -39,8 +39,9 @@ Splash::Splash() {
 }
 
 void Splash::Form_Load() {
-    const QString path =
-        Dialogs().OpenFile(QStringLiteral("Tarnwey - Open ROM File"), Defines.ProgramFolder);
+    QString path = Program::TakeInitialRom();
+    if (path.isEmpty())
+        path = Dialogs().OpenFile(QStringLiteral("Tarnwey - Open ROM File"), Defines.ProgramFolder);
     if (path.isEmpty()) {
         Program::End();
         return;
@@ -56,7 +57,7 @@ void Splash::Timer1_Timer() {
         QString error;
         if (!bank.Load(Defines.ProgramFolder + QStringLiteral("/") + TileBankFile, error)) {
             Dialogs().Warn(error);
-            Program::End();
+            Program::EndOnError();
             return;
         }
     }
@@ -69,7 +70,7 @@ void Splash::Timer1_Timer() {
     Program::SetMainWindow(form);
     form->Load();
     if (form->LoadFailed()) {
-        Program::End();
+        Program::EndOnError();
         return;
     }
     form->ShowForm();

@@ -30,6 +30,7 @@ TEST_F(StartupTest, CancellingTheFirstDialogEndsWithNoWindowAndNoFile) {
     Script.CancelFile();
     Program::Main();
     EXPECT_TRUE(Program::Ended());
+    EXPECT_EQ(Program::ExitStatus(), 0);
     EXPECT_EQ(Program::MainWindow(), nullptr);
     for (QWidget* w : QApplication::topLevelWidgets())
         EXPECT_FALSE(w->isVisible()) << w->windowTitle().toStdString();
@@ -84,6 +85,21 @@ TEST_F(StartupTest, StartUpFillsTheListsAndLoadsTheFirstMap) {
     EXPECT_EQ(Script.Unanswered(), 0);
 }
 
+// A ROM from the command line stands for the first open dialog only; the
+// version question follows as after the dialog.
+TEST_F(StartupTest, ARomGivenAtStartIsTakenInsteadOfTheFirstDialog) {
+    const QString rom = TwoTilesetProject().Write(Folder());
+    Program::Main(rom);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 0);
+    EXPECT_EQ(Defines.RomPath, rom);
+    ASSERT_NE(Program::VersionSelectForm(), nullptr);
+    EXPECT_TRUE(Program::VersionSelectForm()->isVisible());
+    Script.CancelFile();
+    Program::UnloadForNewPass();
+    Program::Main();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 1);
+}
+
 TEST_F(StartupTest, TheBlueVersionReadsItsOwnTilesetFile) {
     Fixture::SmallProject project = TwoTilesetProject();
     const QString rom = project.Write(Folder());
@@ -103,6 +119,7 @@ TEST_F(StartupTest, AMissingDataFileIsNamedAndEndsTheProgram) {
     QFile::remove(PathOf(QStringLiteral("Maps.twy")));
     EXPECT_EQ(StartUp(rom), nullptr);
     EXPECT_TRUE(Program::Ended());
+    EXPECT_EQ(Program::ExitStatus(), 1);
     ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Maps.twy")));
 }
@@ -199,5 +216,6 @@ TEST_F(StartupTest, FileOpenWithChangesAsksBeforeStartingAgain) {
     form->mnuOpen->trigger();
     EXPECT_EQ(Script.Count(QStringLiteral("Discard the changes you have made?")), 2);
     EXPECT_TRUE(Program::Ended());
+    EXPECT_EQ(Program::ExitStatus(), 0);
     EXPECT_EQ(Program::MainWindow(), nullptr);
 }

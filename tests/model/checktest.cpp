@@ -6,7 +6,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <functional>
@@ -521,43 +520,4 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     ASSERT_EQ(unreadable.size(), 1);
     EXPECT_EQ(unreadable[0].toObject()[QStringLiteral("file")].toString(),
               QStringLiteral("MorlickRed.gb"));
-}
-
-TEST(CheckCommand, AnArgumentListItCannotUseGivesTheUsageAndStatus2) {
-    const QStringList wrong[] = {
-        {},
-        {QStringLiteral("folder")},
-        {QStringLiteral("folder"), QStringLiteral("rom"), QStringLiteral("rom2")},
-        {QStringLiteral("--version"), QStringLiteral("green"), QStringLiteral("f"),
-         QStringLiteral("r")},
-        {QStringLiteral("--version"), QStringLiteral("both"), QStringLiteral("f"),
-         QStringLiteral("r")},
-        {QStringLiteral("--colour"), QStringLiteral("f"), QStringLiteral("r")},
-    };
-    for (const QStringList& arguments : wrong) {
-        SCOPED_TRACE(arguments.join(u' ').toStdString());
-        const CommandResult result = RunCommand(arguments);
-        EXPECT_EQ(result.Status, 2);
-        EXPECT_TRUE(result.Out.isEmpty());
-        EXPECT_TRUE(result.Err.contains(QStringLiteral("Usage: tarnwey-check")));
-    }
-    const CommandResult help = RunCommand({QStringLiteral("--help")});
-    EXPECT_EQ(help.Status, 0);
-    EXPECT_TRUE(help.Out.contains(QStringLiteral("--version red|blue|both")));
-}
-
-TEST(CheckCommand, TheProgramOnTheDemoSaysNothingAndEndsWithStatus0) {
-    QTemporaryDir dir;
-    ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), dir.path()));
-    const QDir folder(dir.path());
-    QProcess check;
-    check.start(QStringLiteral(TARNWEY_CHECK_COMMAND),
-                {QStringLiteral("--version"), QStringLiteral("both"), dir.path(),
-                 folder.filePath(QLatin1String(Fixture::RomFileRed)),
-                 folder.filePath(QLatin1String(Fixture::RomFileBlue))});
-    ASSERT_TRUE(check.waitForFinished(30000));
-    EXPECT_EQ(check.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(check.exitCode(), 0) << check.readAllStandardOutput().toStdString();
-    EXPECT_TRUE(check.readAllStandardOutput().isEmpty());
-    EXPECT_TRUE(check.readAllStandardError().isEmpty());
 }

@@ -4,6 +4,10 @@
 
 CommandResult RunCommand(const QString& program, const QStringList& arguments) {
     QProcess process;
+    // Without a runtime folder the toolkit would complain, if a command let it.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("XDG_RUNTIME_DIR"));
+    process.setProcessEnvironment(environment);
     process.start(program, arguments);
     CommandResult result;
     if (!process.waitForFinished(60000)) {

@@ -1,63 +1,93 @@
 #include "check/checkcommand.h"
 
-#include <QCommandLineParser>
+#include <QFileInfo>
 
 #include "check/checkfolder.h"
 #include "check/reportwriter.h"
+#include "cli/commandline.h"
 
 namespace Check {
 
 namespace {
-constexpr int CannotRead = 2;
+Cli::Command CheckCommand() {
+    return {
+        QStringLiteral("tarnwey-check"),
+        {QStringLiteral("[--game red|blue] [--json] [--verbose] FOLDER ROM"),
+         QStringLiteral("--game both [--json] [--verbose] FOLDER RED_ROM BLUE_ROM")},
+        QStringLiteral(
+            "Checks the data files of a Tarnwey program folder against a ROM: every row that\n"
+            "would make the editor read or write the wrong bytes is reported with its file,\n"
+            "row and column. Nothing is printed when nothing is found."),
+        {{QStringLiteral("game"),
+          QStringLiteral("red|blue|both"),
+          QStringLiteral("The game's version of the ROM: red (TilesetsR.twy, the default) or "
+                         "blue (TilesetsB.twy); both checks both tileset files, each with its "
+                         "own ROM."),
+          {QStringLiteral("red"), QStringLiteral("blue"), QStringLiteral("both")}},
+         {QStringLiteral("json"),
+          {},
+          QStringLiteral("The report as one JSON document, for scripts."),
+          {}},
+         {QStringLiteral("verbose"),
+          {},
+          QStringLiteral("Ends the report with a one-line summary, also when nothing is found."),
+          {}}},
+        Cli::CommandStatuses,
+        {}};
+}
 
-const QString Usage = QStringLiteral(
-    "Usage: tarnwey-check [--version red|blue] [--json] FOLDER ROM\n"
-    "       tarnwey-check --version both [--json] FOLDER RED_ROM BLUE_ROM\n"
-    "\n"
-    "Checks the data files of a Tarnwey program folder against a ROM: every row that\n"
-    "would make the editor read or write the wrong bytes is reported with its file,\n"
-    "row and column. Exit status: 0 all is well, 1 findings, 2 a file cannot be read.\n"
-    "\n"
-    "  --version red|blue|both  the version of the ROM (red when not given); both\n"
-    "                           checks both tileset files, each with its own ROM\n"
-    "  --json                   the report as JSON, for scripts\n");
+// "MorlickRed.gb (red) and MorlickBlue.gb (blue)".
+QString RomList(const std::vector<VersionRom>& roms) {
+    QStringList names;
+    for (const VersionRom& rom : roms)
+        names << QStringLiteral("%1 (%2)").arg(QFileInfo(rom.RomPath).fileName(),
+                                               VersionName(rom.Version));
+    return names.join(QStringLiteral(" and "));
+}
+
+QString Summary(const QString& folder, const std::vector<VersionRom>& roms,
+                const CheckReport& report) {
+    QStringList found;
+    if (!report.Findings.empty())
+        found << Cli::Count(static_cast<qint64>(report.Findings.size()), QStringLiteral("finding"),
+                            QStringLiteral("findings"));
+    if (!report.Unreadables.empty())
+        found << Cli::Count(static_cast<qint64>(report.Unreadables.size()),
+                            QStringLiteral("file that cannot be read"),
+                            QStringLiteral("files that cannot be read"));
+    return QStringLiteral("Checked %1 against %2: %3.\n")
+        .arg(folder, RomList(roms),
+             found.isEmpty() ? QStringLiteral("nothing found") : found.join(QStringLiteral(", ")));
+}
 }  // namespace
 
 int RunCheckCommand(const QStringList& arguments, QTextStream& out, QTextStream& err) {
-    QCommandLineParser parser;
-    const QCommandLineOption version(QStringLiteral("version"),
-                                     QStringLiteral("The version of the ROM."),
-                                     QStringLiteral("red|blue|both"), QStringLiteral("red"));
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("The report as JSON."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("This text."));
-    parser.addOptions({version, json, help});
-    if (!parser.parse(arguments)) {
-        err << parser.errorText() << "\n\n" << Usage;
-        return CannotRead;
-    }
-    if (parser.isSet(help)) {
-        out << Usage;
-        return 0;
-    }
-    const QString which = parser.value(version);
-    const QStringList positional = parser.positionalArguments();
+    Cli::CommandLine line(CheckCommand(), out, err);
+    if (const auto status = line.Parse(arguments.mid(1))) return *status;
+    const QString game = line.Value(QStringLiteral("game"), QStringLiteral("red"));
+    const bool both = game == u"both";
+    if (const auto status = line.NeedOperands(
+            both ? QStringList{QStringLiteral("FOLDER"), QStringLiteral("RED_ROM"),
+                               QStringLiteral("BLUE_ROM")}
+                 : QStringList{QStringLiteral("FOLDER"), QStringLiteral("ROM")}))
+        return *status;
+    const QStringList operands = line.Operands();
     std::vector<VersionRom> roms;
-    if (which == QStringLiteral("both") && positional.size() == 3)
-        roms = {{GameVersion::Red, positional[1]}, {GameVersion::Blue, positional[2]}};
-    else if (which == QStringLiteral("red") && positional.size() == 2)
-        roms = {{GameVersion::Red, positional[1]}};
-    else if (which == QStringLiteral("blue") && positional.size() == 2)
-        roms = {{GameVersion::Blue, positional[1]}};
-    if (roms.empty()) {
-        err << Usage;
-        return CannotRead;
-    }
-    const CheckReport report = CheckFolder(positional[0], roms);
-    if (parser.isSet(json))
-        out << QString::fromUtf8(ReportJson(report));
+    if (both)
+        roms = {{GameVersion::Red, operands[1]}, {GameVersion::Blue, operands[2]}};
     else
+        roms = {{game == u"blue" ? GameVersion::Blue : GameVersion::Red, operands[1]}};
+    const QString folder = operands[0];
+    if (!QFileInfo(folder).isDir())
+        return line.Fail(QStringLiteral("the folder '%1' does not exist").arg(folder),
+                         Cli::CannotRun);
+    const CheckReport report = CheckFolder(folder, roms);
+    if (line.IsSet(QStringLiteral("json"))) {
+        out << QString::fromUtf8(ReportJson(report));
+    } else {
         out << ReportText(report);
+        if (line.IsSet(QStringLiteral("verbose"))) out << Summary(folder, roms, report);
+    }
     return report.ExitStatus();
 }
 

@@ -3,10 +3,12 @@
 #include <cstdio>
 
 #include "check/checkcommand.h"
+#include "cli/commandline.h"
 
 // tarnwey-check: the data files of a program folder checked against a ROM,
 // without a window.
 int main(int argc, char** argv) {
+    Cli::QuietToolkit();
     QCoreApplication app(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include "cli/commandline.h"
 #include "core/limits.h"
 #include "mapview/bankatlas.h"
 #include "rom/romfile.h"
@@ -71,14 +72,15 @@ bool CheckTileRun(const TileRun& run, const RomFile& rom, QString& error) {
     const qint64 end = static_cast<qint64>(run.Position) + qint64{TileBytes} * run.Count - 1;
     if (end > rom.Size()) {
         error = QStringLiteral(
-                    "The run \"%1\" reaches past the end of the ROM: its %2 tiles take "
-                    "positions %3 to %4, and \"%5\" has %6 bytes.")
+                    "The run \"%1\" reaches past the end of the ROM: its %2 "
+                    "positions %3 to %4, and \"%5\" has %6.")
                     .arg(run.Text)
-                    .arg(run.Count)
+                    .arg(run.Count == 1 ? QStringLiteral("1 tile takes")
+                                        : QStringLiteral("%1 tiles take").arg(run.Count))
                     .arg(run.Position)
                     .arg(end)
                     .arg(QFileInfo(rom.Path()).fileName())
-                    .arg(rom.Size());
+                    .arg(Cli::Count(rom.Size(), QStringLiteral("byte"), QStringLiteral("bytes")));
         return false;
     }
     return true;
