@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <memory>
 
+#include "core/defines.h"
 #include "mapedit/mainform.h"
 #include "startup/splash.h"
 #include "startup/versionselect.h"
@@ -14,23 +16,43 @@ QPointer<VersionSelect> TheVersionSelect;
 QPointer<MainForm> TheMainForm;
 bool HasEnded = false;
 std::function<void()> OnEnd;
+// The working state as it was when the pass began: the ROM open before, its
+// map and its unsaved painting. A pass that does not end in a new main
+// window puts it back.
+std::unique_ptr<WorkingState> KeptState;
 
 void Discard(QWidget* form) {
     if (!form) return;
     form->hide();
     form->deleteLater();
 }
-}  // namespace
 
-void Main() {
-    HasEnded = false;
+void StartPass() {
+    KeptState = std::make_unique<WorkingState>(Defines);
     if (!TheVersionSelect) TheVersionSelect = new VersionSelect();
+    Discard(TheSplash);
     TheSplash = new Splash();
     TheSplash->Load();
 }
 
+void ReturnToOpenRom() {
+    Defines = *KeptState;
+    KeptState.reset();
+    Discard(TheSplash);
+    TheSplash = nullptr;
+    if (TheVersionSelect) TheVersionSelect->HideForm();
+    TheMainForm->ShowForm();
+}
+}  // namespace
+
+void Main() {
+    HasEnded = false;
+    StartPass();
+}
+
 void End() {
     HasEnded = true;
+    KeptState.reset();
     Discard(TheMainForm);
     Discard(TheSplash);
     Discard(TheVersionSelect);
@@ -53,15 +75,33 @@ VersionSelect* VersionSelectForm() {
 MainForm* MainWindow() {
     return TheMainForm;
 }
-void SetMainWindow(MainForm* form) {
-    TheMainForm = form;
+
+void OpenAnotherRom() {
+    if (TheMainForm) TheMainForm->HideForm();
+    StartPass();
 }
 
-void UnloadForNewPass() {
+void GiveUpPass() {
+    if (TheMainForm && KeptState)
+        ReturnToOpenRom();
+    else
+        End();
+}
+
+void PassFailed() {
+    if (TheMainForm && KeptState) {
+        ReturnToOpenRom();
+        return;
+    }
+    // Nothing was open before: the user chooses again, from a clean state.
+    if (KeptState) Defines = *KeptState;
+    StartPass();
+}
+
+void TakeMainWindow(MainForm* form) {
+    KeptState.reset();
     Discard(TheMainForm);
-    Discard(TheSplash);
-    TheMainForm = nullptr;
-    TheSplash = nullptr;
+    TheMainForm = form;
 }
 
 void SetOnEnd(std::function<void()> onEnd) {
@@ -72,6 +112,7 @@ void Reset() {
     delete TheMainForm.data();
     delete TheSplash.data();
     delete TheVersionSelect.data();
+    KeptState.reset();
     HasEnded = false;
     OnEnd = nullptr;
 }
