@@ -214,9 +214,9 @@ void EventEdit::Command2_Click() {
         SelType->setCurrentRow(CurEventType);
         return;
     }
-    // Unsaved changes give way to the ROM's list only when the user says so.
-    if (EventsChanged && !Dialogs().Ask(Discard)) return;
-    if (!LoadEventMap(type)) {
+    // Unsaved changes give way to the ROM's list only when the user says so;
+    // when the type does not change, the list shows the type in the window.
+    if ((EventsChanged && !Dialogs().Ask(Discard)) || !LoadEventMap(type)) {
         SelType->setCurrentRow(CurEventType);
         return;
     }

@@ -435,7 +435,7 @@ TEST_F(EventEditTest, PaintingSurvivesTheEditorAndChangesAreAskedAbout) {
             // "Go" asks too: No leaves the list, the selection and the change.
             Script.AnswerNo();
             Go(e, Bare);
-            EXPECT_EQ(e->CurEventType, Plain);
+            EXPECT_EQ(e->SelType->currentRow(), Plain);
             EXPECT_EQ(e->SelEvent, 1);
             EXPECT_EQ(e->Events[1], changed);
             // Yes gives the change up for the ROM's list of the type.
