@@ -201,7 +201,6 @@ TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
         EXPECT_FALSE(Program::VersionSelectForm()->isVisible());
         EXPECT_EQ(Defines.RomPath, rom);
         EXPECT_EQ(Defines.CurMap, 1);
-        EXPECT_EQ(Defines.MapWidth, 3);
         EXPECT_EQ(Defines.MapGrid[1][1], 0);  // painted with block 0 over 4
         EXPECT_TRUE(form->MapChanged);
         EXPECT_EQ(form->Undo.UndoCount(), 1);
