@@ -25,7 +25,7 @@ public:
     // these over when it makes the window.
     struct ProgramHooks {
         std::function<void()> End;      // ends the program at once
-        std::function<void()> NewPass;  // takes the windows down and asks for a ROM again
+        std::function<void()> NewPass;  // hides the window and asks for another ROM
     };
 
     // Start-up has read the data files and the first map into the working
