@@ -5,7 +5,6 @@
 #include "core/dialogs.h"
 #include "core/typednumber.h"
 #include "eventedit/eventsymbols.h"
-#include "mapview/maploader.h"
 #include "rom/romsave.h"
 #include "ui/programfont.h"
 #include "ui/twips.h"
@@ -115,14 +114,14 @@ void EventEdit::Form_Activate() {
 }
 
 bool EventEdit::LoadEventMap(int type) {
-    // The type, the list and the map are read before anything changes, so a
-    // type or a list that cannot be read leaves the window as it was.
+    // The type and the list are read before anything changes, so a type or
+    // a list that cannot be read leaves the window as it was. The map is the
+    // one the main window holds, unsaved painting included: it is drawn,
+    // never read again.
     EventLayout layout;
     EventTable rows = Events;
     EventListPlace place;
-    LoadedMap loaded;
     QString error;
-    // The ROM is read once for the list and the map.
     RomFile rom;
     if (!rom.Open(Defines.RomPath)) {
         Dialogs().Warn(rom.Error());
@@ -130,8 +129,7 @@ bool EventEdit::LoadEventMap(int type) {
     }
     if (!ReadEventLayout(EventTypeTable, type, layout, error) ||
         !ReadEventList(rom, Defines.CurMap, EventTypeTable[type][TypeName].ToText(), layout,
-                       EventAddressTable, rows, place, error) ||
-        !ReadMap(rom, Defines.CurMap, loaded, error)) {
+                       EventAddressTable, rows, place, error)) {
         Dialogs().Warn(error);
         return false;
     }
@@ -194,8 +192,12 @@ void EventEdit::FieldBox_Change(int box, const QString& text) {
     if (field < 1 || field > MaxRecordSize) return;
     // Only a whole number that fits 32 bits is stored; other text, an empty
     // box included, leaves the field as it is.
-    if (const std::optional<std::int32_t> value = TypedNumber::EventField(text))
-        Events[SelEvent][field - 1] = *value;
+    // A typed value that changes the field is a change to be saved or asked
+    // about; the text the window itself shows stores the same value again.
+    const std::optional<std::int32_t> value = TypedNumber::EventField(text);
+    if (!value || Events[SelEvent][field - 1] == *value) return;
+    Events[SelEvent][field - 1] = *value;
+    EventsChanged = true;
 }
 
 void EventEdit::Command2_Click() {
@@ -212,8 +214,13 @@ void EventEdit::Command2_Click() {
         SelType->setCurrentRow(CurEventType);
         return;
     }
-    // Unsaved placements give way to the ROM's list without a question.
-    if (!LoadEventMap(type)) SelType->setCurrentRow(CurEventType);
+    // Unsaved changes give way to the ROM's list only when the user says so;
+    // when the type does not change, the list shows the type in the window.
+    if ((EventsChanged && !Dialogs().Ask(Discard)) || !LoadEventMap(type)) {
+        SelType->setCurrentRow(CurEventType);
+        return;
+    }
+    EventsChanged = false;
 }
 
 QString EventEdit::FieldName(int field) const {

@@ -92,8 +92,9 @@ private:
         EventTypeColumn Column;
     };
     void BuildControls();
-    // Reads the map and the list of a type into the window. False, after a
-    // message, when either cannot be read; nothing changes then.
+    // Reads the list of a type into the window and draws it over the map as
+    // the main window holds it. False, after a message, when the type or its
+    // list cannot be read; nothing changes then.
     bool LoadEventMap(int type);
     void DrawEventMap();
     void ShowFields();

@@ -3,7 +3,6 @@
 #include <QFileInfo>
 
 #include "blockedit/blockedit.h"
-#include "core/datafilenames.h"
 #include "core/defines.h"
 #include "core/dialogs.h"
 #include "eventedit/eventedit.h"
@@ -15,12 +14,10 @@
 
 namespace {
 const QString DiscardQuestion = QStringLiteral("Discard the changes you have made?");
-// The caption of the map name before the first "Go": a place of the game.
-const QString FirstMapCaption = QStringLiteral("Fernhollow");
 }  // namespace
 
-MainForm::MainForm(const QString& tilesetFile, ProgramHooks hooks)
-    : TilesetFile_(tilesetFile), Hooks_(std::move(hooks)) {
+MainForm::MainForm(const LoadedMap& firstMap, ProgramHooks hooks)
+    : Hooks_(std::move(hooks)), Loaded_(firstMap) {
     SetCaption(QStringLiteral("Tarnwey"));
     SetClientSize(9495, 7815);
     BuildMenus();
@@ -140,7 +137,7 @@ void MainForm::BuildMapSelection() {
     MapComment->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     Command2 = new QPushButton(QStringLiteral("Go"), Frame2);
     Place(Command2, 4440, 960, 615, 375);
-    CurMapName = new QLabel(FirstMapCaption, Frame2);
+    CurMapName = new QLabel(Frame2);
     Place(CurMapName, 5160, 960, 1215, 495);
     CurMapName->setWordWrap(true);
     // The list handlers run on a mouse press only, after the press has made
@@ -151,30 +148,15 @@ void MainForm::BuildMapSelection() {
 }
 
 void MainForm::Form_Load() {
-    const QString& tilesetFile = TilesetFile_;
-    Defines.ClearTables();
-    QString error;
-    if (tilesetFile.isEmpty())
-        error = QStringLiteral("No version of the game was chosen, so there is no tileset file.");
-    const bool read =
-        error.isEmpty() &&
-        LoadTilesetFile(Defines.ProgramFolder + u'/' + tilesetFile, Defines.TilesetTable, error) &&
-        LoadMapsFile(Defines.ProgramFolder + u'/' + DataFileNames::Maps, Defines.CategoryTable,
-                     Defines.MapTable, Defines.CategoryCount, error);
-    if (!read) {
-        LoadFailed_ = true;
-        Dialogs().Warn(error);
-        return;
-    }
-    Defines.CurTileset = 0;
+    // Everything shown comes from the ROM and the data files just read: the
+    // lists, the first map and what its row allows.
     for (int c = 0; c <= Defines.CategoryCount; ++c)
         CatList->addItem(Defines.CategoryTable[c][CatName].ToText());
     CatList->setCurrentRow(0);
-    Defines.CurCategory = 0;
-    Defines.CurMap = 0;
     MapComment->setText(Defines.MapTable[0][MapNote].ToText());
     FillMapList();
-    LoadMap();
+    ShowMap(Loaded_);
+    ShowMapRow();
 }
 
 void MainForm::FillMapList() {
@@ -194,6 +176,11 @@ bool MainForm::LoadMap() {
         Dialogs().Warn(error);
         return false;
     }
+    ShowMap(loaded);
+    return true;
+}
+
+void MainForm::ShowMap(const LoadedMap& loaded) {
     Loaded_ = loaded;
     BorderNum = loaded.BorderNum;
     MapLoaded_ = true;
@@ -202,7 +189,6 @@ bool MainForm::LoadMap() {
     Scroll->setMinimum(0);
     Scroll->setMaximum(std::max(0, CurTilesetRow()[TilesetLastBlock].ToInt16() - 5));
     View->SetUpForMap();
-    return true;
 }
 
 void MainForm::Form_Activate() {
@@ -249,14 +235,18 @@ void MainForm::Command2_Click() {
         return;
     }
     DrawSideBlocks();
+    ShowMapRow();
+    Undo.Clear();
+    mnuUndo->setEnabled(false);
+}
+
+void MainForm::ShowMapRow() {
     const auto& map = CurMapRow();
     CurMapName->setText(map[MapName].ToText());
     ShowBorderControls(HasObjectData(map));
     mnuWarpEdit->setEnabled(WarpsEditable(map));
     mnuWildEdit->setEnabled(WildEditable(map));
     mnuEventEdit->setEnabled(EventsEditable(map));
-    Undo.Clear();
-    mnuUndo->setEnabled(false);
 }
 
 void MainForm::ShowBorderControls(bool show) {
@@ -291,10 +281,9 @@ void MainForm::Form_Unload(bool& Cancel) {
 }
 
 void MainForm::mnuOpen_Click() {
-    if (MapChanged) {
-        if (!Dialogs().Ask(DiscardQuestion)) return;
-        MapChanged = false;
-    }
+    // The changes are given up only once another ROM has been read whole; a
+    // cancelled or failed open comes back to them as they are.
+    if (MapChanged && !Dialogs().Ask(DiscardQuestion)) return;
     SkipExitPrompt = true;
     Hooks_.NewPass();
     SkipExitPrompt = false;

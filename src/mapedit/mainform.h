@@ -25,14 +25,13 @@ public:
     // these over when it makes the window.
     struct ProgramHooks {
         std::function<void()> End;      // ends the program at once
-        std::function<void()> NewPass;  // takes the windows down and asks for a ROM again
+        std::function<void()> NewPass;  // hides the window and asks for another ROM
     };
 
-    // `tilesetFile` is the tileset file of the version the user chose.
-    MainForm(const QString& tilesetFile, ProgramHooks hooks);
+    // Start-up has read the data files and the first map into the working
+    // state; `firstMap` is what that read gave besides.
+    MainForm(const LoadedMap& firstMap, ProgramHooks hooks);
 
-    // True when the data files could not be read at load; the program then ends.
-    bool LoadFailed() const { return LoadFailed_; }
     // True once a map has been read into the working state.
     bool MapLoaded() const { return MapLoaded_; }
 
@@ -110,6 +109,11 @@ public:
     // Reads CurMap and sets the view and palette up for it. False, after a
     // message, when the map could not be read; the map shown before stays.
     bool LoadMap();
+    // Sets the view and palette up for a map just read into the working state.
+    void ShowMap(const LoadedMap& loaded);
+    // The name of the current map, its border controls and the editors that
+    // its row allows.
+    void ShowMapRow();
 
 protected:
     void Form_Load() override;
@@ -126,9 +130,7 @@ private:
     bool AskToExit();
     void WriteMapTo(const QString& romPath, bool offerBackup);
 
-    QString TilesetFile_;
     ProgramHooks Hooks_;
     LoadedMap Loaded_;
     bool MapLoaded_ = false;
-    bool LoadFailed_ = false;
 };

@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <memory>
 #include <utility>
 
+#include "core/defines.h"
 #include "mapedit/mainform.h"
 #include "startup/splash.h"
 #include "startup/versionselect.h"
@@ -17,20 +19,40 @@ bool HasEnded = false;
 int Status = 0;
 QString InitialRom;
 std::function<void()> OnEnd;
+// The working state as it was when the pass began: the ROM open before, its
+// map and its unsaved painting. A pass that does not end in a new main
+// window puts it back.
+std::unique_ptr<WorkingState> KeptState;
 
 void Discard(QWidget* form) {
     if (!form) return;
     form->hide();
     form->deleteLater();
 }
+
+void StartPass() {
+    KeptState = std::make_unique<WorkingState>(Defines);
+    if (!TheVersionSelect) TheVersionSelect = new VersionSelect();
+    Discard(TheSplash);
+    TheSplash = new Splash();
+    TheSplash->Load();
+}
+
+void ReturnToOpenRom() {
+    Defines = *KeptState;
+    KeptState.reset();
+    Discard(TheSplash);
+    TheSplash = nullptr;
+    if (TheVersionSelect) TheVersionSelect->HideForm();
+    TheMainForm->ShowForm();
+}
 }  // namespace
 
 void Main(const QString& initialRom) {
     HasEnded = false;
+    Status = 0;
     InitialRom = initialRom;
-    if (!TheVersionSelect) TheVersionSelect = new VersionSelect();
-    TheSplash = new Splash();
-    TheSplash->Load();
+    StartPass();
 }
 
 QString TakeInitialRom() {
@@ -48,6 +70,7 @@ int ExitStatus() {
 
 void End() {
     HasEnded = true;
+    KeptState.reset();
     Discard(TheMainForm);
     Discard(TheSplash);
     Discard(TheVersionSelect);
@@ -70,15 +93,36 @@ VersionSelect* VersionSelectForm() {
 MainForm* MainWindow() {
     return TheMainForm;
 }
-void SetMainWindow(MainForm* form) {
-    TheMainForm = form;
+
+void OpenAnotherRom() {
+    if (TheMainForm) TheMainForm->HideForm();
+    StartPass();
 }
 
-void UnloadForNewPass() {
+void GiveUpPass() {
+    if (TheMainForm && KeptState)
+        ReturnToOpenRom();
+    else
+        End();
+}
+
+void PassFailed() {
+    if (TheMainForm && KeptState) {
+        ReturnToOpenRom();
+        return;
+    }
+    // Nothing was open before: the user chooses again, from a clean state.
+    // Should the user give up now, start-up has ended on an error.
+    if (KeptState) Defines = *KeptState;
+    Status = 1;
+    StartPass();
+}
+
+void TakeMainWindow(MainForm* form) {
+    KeptState.reset();
+    Status = 0;
     Discard(TheMainForm);
-    Discard(TheSplash);
-    TheMainForm = nullptr;
-    TheSplash = nullptr;
+    TheMainForm = form;
 }
 
 void SetOnEnd(std::function<void()> onEnd) {
@@ -89,6 +133,7 @@ void Reset() {
     delete TheMainForm.data();
     delete TheSplash.data();
     delete TheVersionSelect.data();
+    KeptState.reset();
     HasEnded = false;
     Status = 0;
     InitialRom.clear();

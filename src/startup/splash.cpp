@@ -8,6 +8,7 @@
 #include "mapedit/mainform.h"
 #include "mapview/tiles.h"
 #include "startup/program.h"
+#include "startup/romload.h"
 #include "startup/versionselect.h"
 #include "ui/splashpicture.h"
 #include "ui/twips.h"
@@ -43,7 +44,7 @@ void Splash::Form_Load() {
     if (path.isEmpty())
         path = Dialogs().OpenFile(QStringLiteral("Tarnwey - Open ROM File"), Defines.ProgramFolder);
     if (path.isEmpty()) {
-        Program::End();
+        Program::GiveUpPass();
         return;
     }
     Defines.RomPath = path;
@@ -61,18 +62,18 @@ void Splash::Timer1_Timer() {
             return;
         }
     }
+    // Everything of the new ROM is read before the window of the ROM open
+    // until now goes.
     const VersionSelect* version = Program::VersionSelectForm();
-    auto* form =
-        new MainForm(version ? version->TilesetFile : QString(), {Program::End, [] {
-                                                                      Program::UnloadForNewPass();
-                                                                      Program::Main();
-                                                                  }});
-    Program::SetMainWindow(form);
-    form->Load();
-    if (form->LoadFailed()) {
-        Program::EndOnError();
+    LoadedMap firstMap;
+    QString error;
+    if (!ReadRomAndDataFiles(version ? version->TilesetFile : QString(), firstMap, error)) {
+        Dialogs().Warn(error);
+        Program::PassFailed();
         return;
     }
+    auto* form = new MainForm(firstMap, {Program::End, Program::OpenAnotherRom});
+    Program::TakeMainWindow(form);
     form->ShowForm();
     HideForm();
 }

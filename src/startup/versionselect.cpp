@@ -64,8 +64,8 @@ void VersionSelect::Command1_Click() {
 }
 
 void VersionSelect::Form_Unload(bool& Cancel) {
-    // Closing the question without an answer ends the program, as cancelling
-    // the file chooser does.
+    // Closing the question without an answer gives the pass up, as
+    // cancelling the file chooser does.
     Cancel = false;
-    Program::End();
+    Program::GiveUpPass();
 }

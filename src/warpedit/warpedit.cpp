@@ -5,7 +5,6 @@
 #include "core/defines.h"
 #include "core/dialogs.h"
 #include "core/typednumber.h"
-#include "mapview/maploader.h"
 #include "rom/romsave.h"
 #include "ui/programfont.h"
 #include "ui/twips.h"
@@ -117,20 +116,18 @@ void WarpEdit::Form_Activate() {
 }
 
 bool WarpEdit::LoadWarpMap() {
-    // The list is read first and the map after it, so that nothing of the
-    // shared state or the table changes when either cannot be read.
+    // The list is read before anything changes, so that the table stays as
+    // it was when it cannot be read. The map is the one the main window
+    // holds, unsaved painting included: it is drawn, never read again.
     WarpTable rows = Warps;
     WarpListPlace place;
-    LoadedMap loaded;
     QString error;
-    // The ROM is read once for the list and the map.
     RomFile rom;
     if (!rom.Open(Defines.RomPath)) {
         Dialogs().Warn(rom.Error());
         return false;
     }
-    if (!ReadWarpList(rom, Defines.CurMap, Mode(), rows, place, error) ||
-        !ReadMap(rom, Defines.CurMap, loaded, error)) {
+    if (!ReadWarpList(rom, Defines.CurMap, Mode(), rows, place, error)) {
         Dialogs().Warn(error);
         return false;
     }

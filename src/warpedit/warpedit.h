@@ -72,8 +72,9 @@ protected:
 
 private:
     void BuildControls();
-    // Reads the list of the selected mode and the map into the shared state.
-    // False, after a message, when either cannot be read; nothing changes then.
+    // Reads the list of the selected mode into the window and draws it over
+    // the map as the main window holds it. False, after a message, when the
+    // list cannot be read; nothing changes then.
     bool LoadWarpMap();
     void DrawWarpMap();
     void ShowSelectedRow();

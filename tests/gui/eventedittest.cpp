@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QTest>
 #include <limits>
+#include <memory>
 
 #include "core/defines.h"
 #include "eventedit/eventedit.h"
@@ -13,6 +14,7 @@ namespace {
 // Map rows and event types of the project.
 enum { Meadow, Town, Quiet, Edge, Beyond };
 enum { Plain, Sixteen, Bare, TwoBias, Cut };
+const QString Discard = QStringLiteral("Discard the changes you have made?");
 
 const QString Saved = QStringLiteral("Your changes to the Events have been saved!");
 const QString NoEvents = QStringLiteral(
@@ -271,6 +273,7 @@ TEST_F(EventEditTest, ABiasComesOffForTheViewAndGoesBackOnAPlacement) {
 
     // Two different biases: the symbol lands on the square that was clicked,
     // and the bytes carry y's bias and x's bias.
+    Script.AnswerYes();  // give the placements up
     Go(e, TwoBias);
     ASSERT_EQ(e->CurEventType, TwoBias);
     EXPECT_EQ(e->EntrySquare(0), QPoint(3 - 3, 1 - 1));
@@ -345,7 +348,6 @@ TEST_F(EventEditTest, TypedValuesReachTheTableOnlyAsWholeNumbers) {
     QTest::keyClick(e->PictureNum, Qt::Key_Backspace);
     QTest::keyClick(e->PictureNum, Qt::Key_Backspace);
     EXPECT_EQ(e->Events[0][3], 4);
-    EXPECT_FALSE(e->EventsChanged);
 
     // A byte outside 0 to 255 refuses the save and leaves everything as it was.
     e->PictureNum->setText(QStringLiteral("300"));
@@ -407,21 +409,45 @@ TEST_F(EventEditTest, GoRefusesATypeWithoutEventsAndOtherwiseReadsTheList) {
     EXPECT_EQ(e->SelType->currentRow(), TwoBias);
 }
 
-TEST_F(EventEditTest, ClosingAsksOnlyAfterAPlacement) {
-    EventEdit* e = Open(Town);
-    ASSERT_NE(e, nullptr);
-    e->Item->setText(QStringLiteral("5"));
-    PressSymbol(e, 1);
-    EXPECT_TRUE(Close(e));
-    EXPECT_EQ(Script.Count(QStringLiteral("Discard the changes you have made?")), 0);
-    e = Open(Town);
-    ASSERT_NE(e, nullptr);
-    PressCell(e, 0, 0, 0);
-    Script.AnswerNo();
-    EXPECT_FALSE(Close(e));
-    Script.AnswerYes();
-    EXPECT_TRUE(Close(e));
-    EXPECT_TRUE(Form->isVisible());
+// The editor shows the main window's unsaved painting and leaves it as it
+// was. A placement or a typed value that changes a field is a change that
+// closing and "Go" ask about; selecting, or typing the value a field holds, is none.
+TEST_F(EventEditTest, PaintingSurvivesTheEditorAndChangesAreAskedAbout) {
+    GoTo(Form, 0, Town);
+    ::PressCell(Form->SideBlock, 16 * 2);
+    ::PressCell(Form->View->MapTile, 0);
+    const auto grid = std::make_unique<decltype(Defines.MapGrid)>(Defines.MapGrid);
+    for (const int change : {0, 1, 2}) {  // none, a typed value, a placement
+        SCOPED_TRACE(change);
+        Form->mnuEventEdit->trigger();
+        EventEdit* e = Form->findChildren<EventEdit*>().value(0);
+        ASSERT_NE(e, nullptr);
+        EXPECT_EQ(e->Placement->View->MapTile->Picture(0), Form->View->MapTile->Picture(0));
+        PressSymbol(e, 1);
+        if (change == 0) e->Item->setText(e->Item->text() + QStringLiteral(".0"));
+        if (change == 1) Type(e->Item, QStringLiteral("77"));
+        if (change == 2) PressCell(e, 0, 0, 0);
+        EXPECT_EQ(e->EventsChanged, change != 0);
+        if (change != 0) {
+            const EventRecord changed = e->Events[1];
+            Script.AnswerNo();
+            EXPECT_FALSE(Close(e));
+            // "Go" asks too: No leaves the list, the selection and the change.
+            Script.AnswerNo();
+            Go(e, Bare);
+            EXPECT_EQ(e->SelType->currentRow(), Plain);
+            EXPECT_EQ(e->SelEvent, 1);
+            EXPECT_EQ(e->Events[1], changed);
+            // Yes gives the change up for the ROM's list of the type.
+            Script.AnswerYes();
+            Go(e, Bare);
+            EXPECT_EQ(e->CurEventType, Bare);
+            EXPECT_FALSE(e->EventsChanged);
+        }
+        EXPECT_TRUE(Close(e));
+        EXPECT_TRUE(*grid == Defines.MapGrid);
+    }
+    EXPECT_EQ(Script.Count(Discard), 6);
     EXPECT_TRUE(Script.ScriptUsedUp());
 }
 

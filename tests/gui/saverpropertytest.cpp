@@ -828,6 +828,7 @@ protected:
             const EventPlan& list = order[i];
             if (i > 0) {
                 PressRow(e->SelType, list.Type);
+                e->EventsChanged = false;  // edits left by a refused save go without a question
                 QTest::mouseClick(e->Command2, Qt::LeftButton);
                 if (e->CurEventType != list.Type) {
                     failure = QStringLiteral("\"Go\" did not reach type %1").arg(list.Type);

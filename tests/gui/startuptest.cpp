@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "core/defines.h"
+#include "fixture/project.h"
 #include "fixture/tilesetfile.h"
 #include "startup/program.h"
 #include "startup/splash.h"
@@ -85,70 +86,53 @@ TEST_F(StartupTest, StartUpFillsTheListsAndLoadsTheFirstMap) {
     EXPECT_EQ(Script.Unanswered(), 0);
 }
 
-// A ROM from the command line stands for the first open dialog only; the
-// version question follows as after the dialog.
+// A data file or a ROM that cannot be read is named; at the first start the
+// open dialog then comes again, and its Cancel ends the program.
+TEST_F(StartupTest, AtTheFirstStartAnUnreadableRomAsksForAnotherOne) {
+    for (const char* named : {"Maps.twy", "TilesetsR.twy", "outside"}) {
+        SCOPED_TRACE(named);
+        Program::Reset();
+        Script.Clear();
+        Fixture::SmallProject project = TwoTilesetProject();
+        if (named[0] == 'o') project.Map(0).GridPos = 64 * 1024 - 10;  // 10 bytes before the end
+        const QString rom = project.Write(Folder());
+        if (named[0] == 'M') QFile::remove(PathOf(QStringLiteral("Maps.twy")));
+        // A record that ends after three of its seven fields.
+        if (named[0] == 'T') {
+            const QString file = PathOf(QString::fromLatin1(named));
+            ASSERT_TRUE(Fixture::WriteFile(file, ReadFile(file) + "\"Half\",0,93\n"));
+        }
+        EXPECT_EQ(StartUp(rom), nullptr);
+        EXPECT_TRUE(Program::Ended());
+        ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+        EXPECT_TRUE(Script.Texts().join(u'|').contains(QString::fromLatin1(named)))
+            << Script.Texts().join(u'|').toStdString();
+        EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 2);
+        EXPECT_EQ(Program::ExitStatus(), 1);
+    }
+}
+
+// A ROM from the command line stands for the first open dialog only: the
+// version question follows as after the dialog, and when that ROM cannot be
+// read the dialog comes after all.
 TEST_F(StartupTest, ARomGivenAtStartIsTakenInsteadOfTheFirstDialog) {
     const QString rom = TwoTilesetProject().Write(Folder());
-    Program::Main(rom);
+    const QString notRom = PathOf(QStringLiteral("notes.txt"));
+    ASSERT_TRUE(Fixture::WriteFile(notRom, "no ROM\n"));
+    Program::Main(notRom);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 0);
-    EXPECT_EQ(Defines.RomPath, rom);
-    ASSERT_NE(Program::VersionSelectForm(), nullptr);
-    EXPECT_TRUE(Program::VersionSelectForm()->isVisible());
-    Script.CancelFile();
-    Program::UnloadForNewPass();
-    Program::Main();
+    EXPECT_EQ(Defines.RomPath, notRom);
+    ASSERT_TRUE(Program::VersionSelectForm()->isVisible());
+    Script.ChooseFile(rom);
+    Program::VersionSelectForm()->Command1_Click();
+    Program::SplashForm()->Timer1_Timer();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 1);
-}
-
-TEST_F(StartupTest, TheBlueVersionReadsItsOwnTilesetFile) {
-    Fixture::SmallProject project = TwoTilesetProject();
-    const QString rom = project.Write(Folder());
-    // Make the Blue tileset file name the second tileset's blocks as tileset 0.
-    std::vector<Fixture::TilesetRow> blue = {project.Tilesets[1], project.Tilesets[0]};
-    QFile file(PathOf(QStringLiteral("TilesetsB.twy")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(Fixture::TilesetFileText(blue));
-    file.close();
-    ASSERT_NE(StartUp(rom, 1), nullptr);
-    EXPECT_EQ(Program::VersionSelectForm()->TilesetFile, QStringLiteral("TilesetsB.twy"));
-    EXPECT_EQ(Defines.BlockTiles[0][0], 50);
-}
-
-TEST_F(StartupTest, AMissingDataFileIsNamedAndEndsTheProgram) {
-    const QString rom = TwoTilesetProject().Write(Folder());
-    QFile::remove(PathOf(QStringLiteral("Maps.twy")));
-    EXPECT_EQ(StartUp(rom), nullptr);
-    EXPECT_TRUE(Program::Ended());
-    EXPECT_EQ(Program::ExitStatus(), 1);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Maps.twy")));
-}
-
-TEST_F(StartupTest, ADamagedTilesetFileIsNamedAndEndsTheProgram) {
-    const QString rom = TwoTilesetProject().Write(Folder());
-    QFile file(PathOf(QStringLiteral("TilesetsR.twy")));
-    ASSERT_TRUE(file.open(QIODevice::Append));
-    file.write("\"Half\",0,93\n");  // a record that ends after three of its seven fields
-    file.close();
-    EXPECT_EQ(StartUp(rom), nullptr);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("TilesetsR.twy")));
-}
-
-TEST_F(StartupTest, AMapOutsideTheRomIsToldAndTheWindowStaysUsable) {
-    Fixture::SmallProject project = TwoTilesetProject();
-    project.Map(0).GridPos = 64 * 1024 - 10;  // 70 squares from 10 bytes before the end
-    MainForm* form = StartUp(project);
-    ASSERT_NE(form, nullptr);
-    EXPECT_FALSE(form->MapLoaded());
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("outside")));
-    // Saving without a map does nothing but beep; another map still loads.
-    form->mnuSave->trigger();
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Beep), 1);
-    GoTo(form, 0, 1);
-    EXPECT_TRUE(form->MapLoaded());
-    EXPECT_EQ(Defines.MapWidth, 3);
+    Program::VersionSelectForm()->Command1_Click();
+    Program::SplashForm()->Timer1_Timer();
+    ASSERT_NE(Program::MainWindow(), nullptr);
+    EXPECT_EQ(Defines.RomPath, rom);
+    EXPECT_EQ(Program::ExitStatus(), 0);
 }
 
 TEST_F(StartupTest, AVanishedRomIsToldOnGoAndTheLoadedMapStays) {
@@ -174,12 +158,17 @@ TEST_F(StartupTest, AVanishedRomIsToldOnGoAndTheLoadedMapStays) {
 }
 
 TEST_F(StartupTest, FileOpenRunsStartUpAgainWithTheEarlierVersionChosen) {
-    const QString rom = TwoTilesetProject().Write(Folder());
+    Fixture::SmallProject project = TwoTilesetProject();
+    const QString rom = project.Write(Folder());
+    // The Blue tileset file names the second tileset's blocks as tileset 0.
+    std::vector<Fixture::TilesetRow> blue = {project.Tilesets[1], project.Tilesets[0]};
+    ASSERT_TRUE(Fixture::WriteFile(PathOf(QStringLiteral("TilesetsB.twy")),
+                                   Fixture::TilesetFileText(blue)));
     MainForm* form = StartUp(rom, 1);
     ASSERT_NE(form, nullptr);
+    EXPECT_EQ(Defines.BlockTiles[0][0], 50);
     Script.ChooseFile(rom);
     form->mnuOpen->trigger();
-    EXPECT_EQ(Script.Count(QStringLiteral("Discard the changes you have made?")), 0);
     EXPECT_FALSE(form->isVisible());
     VersionSelect* version = Program::VersionSelectForm();
     ASSERT_NE(version, nullptr);
@@ -192,30 +181,59 @@ TEST_F(StartupTest, FileOpenRunsStartUpAgainWithTheEarlierVersionChosen) {
     ASSERT_NE(second, nullptr);
     EXPECT_NE(second, form);
     EXPECT_FALSE(second->mnuUndo->isEnabled());
-    EXPECT_FALSE(second->mnuWildEdit->isEnabled());
-    EXPECT_TRUE(second->mnuWarpEdit->isEnabled());
     // No exit question came from taking the first window down.
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
 }
 
 // With changes made, File Open asks first: No keeps the window and its
-// changes; Yes goes on to the chooser, whose Cancel ends the program.
-TEST_F(StartupTest, FileOpenWithChangesAsksBeforeStartingAgain) {
-    MainForm* form = StartUp(TwoTilesetProject());
+// changes. A Cancel in the dialog, a closed version question, or a ROM that
+// cannot be read all come back to the ROM open before, as it was.
+TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
+    Fixture::SmallProject project = TwoTilesetProject();
+    const QString rom = project.Write(Folder());
+    MainForm* form = StartUp(rom);
     ASSERT_NE(form, nullptr);
+    GoTo(form, 0, 1);
     PressCell(form->View->MapTile, 0);
     Script.AnswerNo();
     form->mnuOpen->trigger();
-    EXPECT_EQ(Program::MainWindow(), form);
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_TRUE(form->MapChanged);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 1);  // only the first start
 
-    Script.AnswerYes();
-    Script.CancelFile();
-    form->mnuOpen->trigger();
-    EXPECT_EQ(Script.Count(QStringLiteral("Discard the changes you have made?")), 2);
-    EXPECT_TRUE(Program::Ended());
-    EXPECT_EQ(Program::ExitStatus(), 0);
-    EXPECT_EQ(Program::MainWindow(), nullptr);
+    const QString notRom = PathOf(QStringLiteral("tarnwey.desktop"));
+    ASSERT_TRUE(Fixture::WriteFile(notRom, "[Desktop Entry]\nName=Tarnwey\n"));
+    for (const int way : {0, 1, 2}) {
+        SCOPED_TRACE(way);
+        Script.AnswerYes();
+        if (way == 0) {
+            Script.CancelFile();
+            form->mnuOpen->trigger();
+        } else {
+            Script.ChooseFile(notRom);
+            form->mnuOpen->trigger();
+            VersionSelect* version = Program::VersionSelectForm();
+            ASSERT_TRUE(version->isVisible());
+            if (way == 1) {
+                version->close();
+            } else {
+                version->Command1_Click();
+                Program::SplashForm()->Timer1_Timer();
+                EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("outside")));
+            }
+        }
+        EXPECT_FALSE(Program::Ended());
+        EXPECT_EQ(Program::MainWindow(), form);
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_FALSE(Program::VersionSelectForm()->isVisible());
+        EXPECT_EQ(Defines.RomPath, rom);
+        EXPECT_EQ(Defines.CurMap, 1);
+        EXPECT_EQ(Defines.MapGrid[1][1], 0);  // painted with block 0 over 4
+        EXPECT_TRUE(form->MapChanged);
+        EXPECT_EQ(form->Undo.UndoCount(), 1);
+    }
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+    // The ROM open before is fully usable: its save writes the painting.
+    Script.AnswerNo();  // no backup
+    form->mnuSave->trigger();
+    EXPECT_FALSE(form->MapChanged);
+    EXPECT_EQ(ReadFile(rom).at(project.Map(1).GridPos - 1), 0);
 }

@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QTest>
 #include <limits>
+#include <memory>
 
 #include "core/defines.h"
 #include "mapview/compose.h"
@@ -434,30 +435,36 @@ TEST_F(WarpEditTest, OffsetsAtTheEndsOfTheRangeNoLongerOverflowAField) {
     EXPECT_EQ(ReadFile(Defines.RomPath), before);
 }
 
-TEST_F(WarpEditTest, TheMapIsReadAnewAndUnsavedPaintingIsGone) {
-    // Start-up shows the town: paint its first square with another block.
+// The editor works on the map as the main window holds it: unsaved painting
+// shows in it, comes back untouched, and the map save writes it afterwards.
+TEST_F(WarpEditTest, UnsavedPaintingShowsInTheEditorAndSurvivesIt) {
     const int fromRom = Defines.MapGrid[1][1];
-    ::PressCell(Form->SideBlock, 16 * ((fromRom + 1) % 4));
+    const int painted = (fromRom + 1) % 4;
+    const QPixmap* paintedTile = TilePicture(TileIndex(Defines.BlockTiles[painted][0]));
+    ASSERT_NE(paintedTile, TilePicture(TileIndex(Defines.BlockTiles[fromRom][0])));
+    ::PressCell(Form->SideBlock, 16 * painted);
     ::PressCell(Form->View->MapTile, 0);
-    ASSERT_NE(Defines.MapGrid[1][1], fromRom);
+    ::PressCell(Form->BorderBlock, 0);
+    const auto grid = std::make_unique<decltype(Defines.MapGrid)>(Defines.MapGrid);
     Form->mnuWarpEdit->trigger();
     WarpEdit* w = Form->findChildren<WarpEdit*>().value(0);
     ASSERT_NE(w, nullptr);
-    EXPECT_EQ(Defines.MapGrid[1][1], fromRom);
-    // Closing with a placement asks; Yes closes, and the next opening asks nothing.
-    PressCell(w, 0, 0, 0);
+    EXPECT_EQ(w->Placement->View->MapTile->Picture(0), paintedTile);
+    // A placement: closing asks, and No keeps the window.
+    PressCell(w, 1, 2, 0);
     Script.AnswerNo();
     EXPECT_FALSE(Close(w));
-    Script.AnswerYes();
+    // After the warp save closing asks nothing.
+    Save(w);
     EXPECT_TRUE(Close(w));
-    EXPECT_TRUE(Form->isVisible());
+    EXPECT_TRUE(*grid == Defines.MapGrid);
+    EXPECT_EQ(Form->BorderNum, painted);
     EXPECT_TRUE(Form->MapChanged);
-    EXPECT_EQ(Form->View->MapTile->Picture(0),
-              TilePicture(TileIndex(Defines.BlockTiles[fromRom][0])));
-    Form->mnuWarpEdit->trigger();
-    w = Form->findChildren<WarpEdit*>().value(0);
-    ASSERT_NE(w, nullptr);
-    EXPECT_TRUE(Close(w));
-    EXPECT_EQ(Script.Count(Discard), 2);
-    EXPECT_TRUE(Script.ScriptUsedUp());
+    EXPECT_EQ(Form->Undo.UndoCount(), 1);
+    Script.AnswerNo();  // no backup
+    Form->mnuSave->trigger();
+    const QByteArray after = ReadFile(Defines.RomPath);
+    EXPECT_EQ(RomByte(after, Row(Town).GridPos), painted);
+    EXPECT_EQ(RomByte(after, Row(Town).ObjectPos), painted);
+    EXPECT_EQ(Script.Count(Discard), 1);
 }

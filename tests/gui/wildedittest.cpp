@@ -87,7 +87,7 @@ protected:
 };
 
 TEST_F(WildEditTest, OpensOnTheListWithNamesFromTheSpeciesFile) {
-    EXPECT_FALSE(Form->mnuWildEdit->isEnabled());  // until the first "Go"
+    EXPECT_TRUE(Form->mnuWildEdit->isEnabled());  // the first map has a list
     WildEdit* w = Open();
     ASSERT_NE(w, nullptr) << Script.Texts().join(u'|').toStdString();
     EXPECT_FALSE(Form->isVisible());
