@@ -27,10 +27,38 @@ Cli::Command EditorCommand() {
             QStringLiteral("Tarnwey ") + Cli::ProgramVersion()};
 }
 
-QStringList Arguments(int argc, char** argv) {
+// The arguments less the toolkit's own options, which the toolkit takes out
+// itself once it starts. Knowing them beforehand lets the whole command line
+// be judged before the toolkit needs a display.
+QStringList ArgumentsForTheEditor(int argc, char** argv) {
+    static const QStringList withValue = {"platform",      "platformpluginpath",
+                                          "platformtheme", "plugin",
+                                          "qmljsdebugger", "qwindowgeometry",
+                                          "qwindowicon",   "qwindowtitle",
+                                          "session",       "style",
+                                          "stylesheet",    "display",
+                                          "geometry",      "title",
+                                          "name",          "visual",
+                                          "ncols",         "cmap"};
+    static const QStringList flags = {"reverse", "widgetcount", "nograb", "dograb", "testability"};
     QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments << QString::fromLocal8Bit(argv[i]);
+    bool operandsOnly = false;
+    for (int i = 1; i < argc; ++i) {
+        const QString argument = QString::fromLocal8Bit(argv[i]);
+        if (operandsOnly || !argument.startsWith(u'-') || argument.size() == 1) {
+            arguments << argument;
+            continue;
+        }
+        if (argument == u"--") operandsOnly = true;
+        // The toolkit takes -option and --option alike, and -style=NAME.
+        const QString name = argument.mid(argument.startsWith(u"--") ? 2 : 1).section(u'=', 0, 0);
+        if (flags.contains(name)) continue;
+        if (withValue.contains(name)) {
+            if (!argument.contains(u'=')) ++i;
+            continue;
+        }
+        arguments << argument;
+    }
     return arguments;
 }
 }  // namespace
@@ -39,19 +67,14 @@ int main(int argc, char** argv) {
     QTextStream out(stdout);
     QTextStream err(stderr);
     Cli::CommandLine line(EditorCommand(), out, err);
-    // --help and --version are answered before the toolkit starts, so that
-    // they need no display.
-    QStringList early;
-    for (const QString& argument : Arguments(argc, argv)) {
-        if (argument == u"--") break;
-        if (argument == u"-h" || argument == u"--help" || argument == u"--version")
-            early << argument;
-    }
-    if (const auto status = line.Parse(early)) return *status;
+    // The command line is answered before the toolkit starts, so that --help,
+    // --version and a refusal need no display.
+    if (const auto status = line.Parse(ArgumentsForTheEditor(argc, argv))) return *status;
+    if (!line.Operands().isEmpty())
+        if (const auto status = line.NeedOperands({QStringLiteral("ROM")})) return *status;
 
-    // The toolkit takes its own options out of the arguments; what is left
-    // is the editor's. Its note on a missing runtime folder, which it mends
-    // itself, is no business of the user's.
+    // The toolkit's note on a missing runtime folder, which it mends itself,
+    // is no business of the user's.
     static const QtMessageHandler toolkit = qInstallMessageHandler(nullptr);
     qInstallMessageHandler(
         [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
@@ -59,9 +82,6 @@ int main(int argc, char** argv) {
                 toolkit(type, context, message);
         });
     QApplication app(argc, argv);
-    if (const auto status = line.Parse(QCoreApplication::arguments().mid(1))) return *status;
-    if (!line.Operands().isEmpty())
-        if (const auto status = line.NeedOperands({QStringLiteral("ROM")})) return *status;
     out.flush();
     err.flush();
     // Windows are shown and hidden in turn; the program ends only by its own
