@@ -182,6 +182,7 @@ private:
     StampTool Stamp_;
     bool Pasting_ = false;
     MapTool* Dragging_ = nullptr;
+    QPoint DragSquare_;
     QPoint Pointer_;
     bool PointerOn_ = false;
     QRect Selection_;

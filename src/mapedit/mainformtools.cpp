@@ -3,6 +3,7 @@
 #include <QActionGroup>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <utility>
 
 #include "core/defines.h"
 #include "core/dialogs.h"
@@ -93,9 +94,11 @@ ToolContext MainForm::Context() {
 
 // A left press on a square with any tool but the Pencil.
 void MainForm::ToolPress(MapTool* tool, QPoint square) {
+    // A drag whose release never came ends where it was last.
+    if (Dragging_) MapTile_MouseUp(DragSquare_, LeftButton);
     ToolContext context = Context();
-    EndDrag(true);
     Dragging_ = tool;
+    DragSquare_ = square;
     Commit(tool->Press(context, square));
     if (!Pasting_) View->SetMark(MapView::ToolMark, tool->Outline());
     DrawMapTiles();
@@ -112,6 +115,7 @@ void MainForm::MapTile_MouseMove(QPoint square, bool onSquare, Qt::MouseButtons 
     else
         PointerText->clear();
     if (Dragging_ && (buttons & Qt::LeftButton)) {
+        DragSquare_ = square;
         ToolContext context = Context();
         if (Dragging_->Move(context, square)) DrawMapTiles();
         if (!Pasting_) View->SetMark(MapView::ToolMark, Dragging_->Outline());

@@ -1,5 +1,7 @@
 #include "mapedit/maptools.h"
 
+#include <utility>
+
 MapStep BrushTool::Press(ToolContext& context, QPoint square) {
     Stroke_ = PaintStep(context.Grid, {square}, context.Block);
     Stroke_.Apply(context.Grid);
