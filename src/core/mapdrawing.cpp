@@ -55,15 +55,16 @@ MapStep FillStep(const MapGridT& grid, int width, int height, QPoint start, std:
     const int old = grid[start.y()][start.x()];
     if (old == block) return step;
     // Each square is marked when it joins the region, so none is taken twice.
-    std::vector<bool> seen(static_cast<size_t>((width + 2) * (height + 2)), false);
+    std::vector<std::uint8_t> seen(static_cast<size_t>((width + 2) * (height + 2)), 0);
     const auto mark = [&](int x, int y) {
         if (x < 1 || y < 1 || x > width || y > height) return false;
         const size_t at = static_cast<size_t>(y * (width + 2) + x);
         if (seen[at] || grid[y][x] != old) return false;
-        seen[at] = true;
+        seen[at] = 1;
         return true;
     };
     std::vector<QPoint> open;
+    open.reserve(static_cast<size_t>(width + height));
     mark(start.x(), start.y());
     open.push_back(start);
     while (!open.empty()) {
