@@ -1,6 +1,5 @@
 // The Map Tools of the main window: the tool buttons and menu, drags over the
 // view, the selection, copy and paste, and undo and redo of whole steps.
-#include <QActionGroup>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <utility>
@@ -30,7 +29,6 @@ constexpr ToolEntry ToolEntries[ToolCount] = {
 
 void MainForm::BuildToolMenus() {
     mnuTools = MenuBar()->addMenu(QStringLiteral("&Tools"));
-    auto* group = new QActionGroup(this);
     for (int t = 0; t < ToolCount; ++t) {
         const ToolEntry& entry = ToolEntries[t];
         QAction* action = mnuTools->addAction(ToolIcon(static_cast<ToolKind>(t)),
@@ -38,9 +36,10 @@ void MainForm::BuildToolMenus() {
         action->setShortcut(QKeySequence(entry.Key));
         action->setToolTip(QStringLiteral("%1 (%2)").arg(QString::fromLatin1(entry.Name),
                                                          QKeySequence(entry.Key).toString()));
+        // The menu shows a check mark at the chosen tool, the button its picture.
+        action->setIconVisibleInMenu(false);
         action->setCheckable(true);
         action->setChecked(t == 0);
-        group->addAction(action);
         connect(action, &QAction::triggered, this,
                 [this, t] { mnuTool_Click(static_cast<ToolKind>(t)); });
         mnuTool[static_cast<size_t>(t)] = action;
@@ -180,7 +179,9 @@ void MainForm::mnuTool_Click(ToolKind tool) {
     EndDrag(true);
     LeavePasteMode();
     CurTool_ = tool;
-    mnuTool[static_cast<size_t>(tool)]->setChecked(true);
+    // One tool is chosen at a time; a press on the chosen tool's button keeps it.
+    for (size_t t = 0; t < mnuTool.size(); ++t)
+        mnuTool[t]->setChecked(t == static_cast<size_t>(tool));
 }
 
 void MainForm::ResetTools() {

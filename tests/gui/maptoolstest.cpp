@@ -79,10 +79,16 @@ TEST_F(MapToolsTest, DragsMakeWholeStepsThatUndoRedoAndSaveExactly) {
     const QByteArray before = ReadFile(Defines.RomPath);
     const MapGridT original = Defines.MapGrid;
     PressCell(Form_->SideBlock, 16 * 5);  // block 5
+    // A second press on the chosen tool's button keeps it chosen.
+    QTest::mouseClick(Form_->ToolButtons[3], Qt::LeftButton);
+    QTest::mouseClick(Form_->ToolButtons[3], Qt::LeftButton);
+    EXPECT_EQ(Form_->CurTool(), ToolKind::Fill);
+    EXPECT_TRUE(Form_->mnuTool[3]->isChecked());
     Key(Qt::Key_B);
     EXPECT_EQ(Form_->CurTool(), ToolKind::Brush);
     EXPECT_TRUE(Form_->ToolButtons[1]->isChecked());
-    EXPECT_TRUE(Form_->mnuTool[1]->isChecked());
+    EXPECT_FALSE(Form_->ToolButtons[3]->isChecked());
+    EXPECT_FALSE(Form_->mnuTool[0]->isChecked());
     // A fast move from (1, 6) to (4, 6), then out below the view: the stroke
     // keeps to the view's last row.
     Drag({At(1, 6), At(4, 6), At(4, 6) + QPoint(0, 300)});
