@@ -157,7 +157,9 @@ private:
     ToolContext Context();
     // Records a step that changed squares, for undo, and marks the map changed.
     void Commit(MapStep step);
+    // Brings the undo and redo entries and the pointer's readout up to date.
     void EnableUndoRedo();
+    void ShowPointer();
     // Ends a drag; `revert` takes back what it painted so far.
     void EndDrag(bool revert);
     void LeavePasteMode();

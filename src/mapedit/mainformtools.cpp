@@ -60,9 +60,13 @@ void MainForm::BuildTools() {
         Place(button, 45 + ButtonTwips * t, 255, ButtonTwips, ButtonTwips);
         ToolButtons[static_cast<size_t>(t)] = button;
     }
+    // Two lines, the square above its block: the label is as wide as the
+    // widest square, so the word "Block" always begins the second line.
     PointerText = new QLabel(Frame1);
     Place(PointerText, 75, 630, 1440, 765);
     PointerText->setWordWrap(true);
+    const int widest = PointerText->fontMetrics().horizontalAdvance(QStringLiteral("X 254  Y 254"));
+    PointerText->setFixedWidth(std::min(PointerText->width(), widest + 2));
     PointerText->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     View->EnableTools();
     connect(View, &MapView::PointerMoved, this, &MainForm::MapTile_MouseMove);
@@ -106,13 +110,7 @@ void MainForm::ToolPress(MapTool* tool, QPoint square) {
 void MainForm::MapTile_MouseMove(QPoint square, bool onSquare, Qt::MouseButtons buttons) {
     Pointer_ = square;
     PointerOn_ = onSquare;
-    if (onSquare)
-        PointerText->setText(QStringLiteral("X %1  Y %2  Block %3")
-                                 .arg(square.x() - 1)
-                                 .arg(square.y() - 1)
-                                 .arg(HexText(Defines.MapGrid[square.y()][square.x()])));
-    else
-        PointerText->clear();
+    ShowPointer();
     if (Dragging_ && (buttons & Qt::LeftButton)) {
         DragSquare_ = square;
         ToolContext context = Context();
@@ -124,6 +122,17 @@ void MainForm::MapTile_MouseMove(QPoint square, bool onSquare, Qt::MouseButtons 
         View->SetMark(MapView::ToolMark,
                       onSquare ? QRect(square, QSize(stamp.Width, stamp.Height)) : QRect());
     }
+}
+
+void MainForm::ShowPointer() {
+    if (!PointerOn_) {
+        PointerText->clear();
+        return;
+    }
+    PointerText->setText(QStringLiteral("X %1  Y %2  Block %3")
+                             .arg(Pointer_.x() - 1)
+                             .arg(Pointer_.y() - 1)
+                             .arg(HexText(Defines.MapGrid[Pointer_.y()][Pointer_.x()])));
 }
 
 void MainForm::MapTile_MouseUp(QPoint square, int button) {
@@ -152,6 +161,7 @@ void MainForm::Commit(MapStep step) {
 void MainForm::EnableUndoRedo() {
     mnuUndo->setEnabled(Undo.UndoCount() > 0);
     mnuRedo->setEnabled(Undo.RedoCount() > 0);
+    ShowPointer();  // the block under the pointer may have changed
 }
 
 void MainForm::EndDrag(bool revert) {
