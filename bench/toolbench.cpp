@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPixmap>
+#include <functional>
 
 #include "bench/benchsupport.h"
 #include "core/defines.h"
@@ -70,20 +71,28 @@ void Step(benchmark::State& state, ToolKind tool, QPoint last) {
     }
 }
 
-// Undo and Redo of one step of each type, in turn, each with the redraw.
-void UndoRedo(benchmark::State& state, ToolKind tool, QPoint last) {
+// Undo and Redo, in turn, each with the redraw, of the step that `make` makes.
+void UndoRedo(benchmark::State& state, const std::function<void(ToolBench&)>& make) {
     ToolBench bench(state);
     if (!bench.Form) return;
-    bench.Form->mnuTool[static_cast<size_t>(tool)]->trigger();
-    if (tool == ToolKind::Fill) bench.OneBlockEverywhere();
-    bench.NextBlock();
-    bench.Press(last);
+    make(bench);
+    if (bench.Form->Undo.UndoCount() != 1) state.SkipWithError("no step was made");
     bool undo = true;
     for (auto _ : state) {
         (undo ? bench.Form->mnuUndo : bench.Form->mnuRedo)->trigger();
         bench.Redraw();
         undo = !undo;
     }
+}
+
+// A step of one of the tools, on a map of one block for the Fill.
+std::function<void(ToolBench&)> ToolStep(ToolKind tool, QPoint last) {
+    return [tool, last](ToolBench& bench) {
+        bench.Form->mnuTool[static_cast<size_t>(tool)]->trigger();
+        if (tool == ToolKind::Fill) bench.OneBlockEverywhere();
+        bench.NextBlock();
+        bench.Press(last);
+    };
 }
 }  // namespace
 
@@ -120,32 +129,25 @@ static void BM_Stamp255x255(benchmark::State& state) {
 BENCHMARK(BM_Stamp255x255)->Unit(benchmark::kMicrosecond);
 
 static void BM_UndoRedoPaintOneSquare255(benchmark::State& state) {
-    UndoRedo(state, ToolKind::Pencil, QPoint(1, 1));
+    UndoRedo(state, ToolStep(ToolKind::Pencil, QPoint(1, 1)));
 }
 BENCHMARK(BM_UndoRedoPaintOneSquare255)->Unit(benchmark::kMicrosecond);
 
 static void BM_UndoRedoFillWholeMap255(benchmark::State& state) {
-    UndoRedo(state, ToolKind::Fill, QPoint(1, 1));
+    UndoRedo(state, ToolStep(ToolKind::Fill, QPoint(1, 1)));
 }
 BENCHMARK(BM_UndoRedoFillWholeMap255)->Unit(benchmark::kMicrosecond);
 
 static void BM_UndoRedoRectangleOverTheView255(benchmark::State& state) {
-    UndoRedo(state, ToolKind::Rectangle, QPoint(8, 6));
+    UndoRedo(state, ToolStep(ToolKind::Rectangle, QPoint(8, 6)));
 }
 BENCHMARK(BM_UndoRedoRectangleOverTheView255)->Unit(benchmark::kMicrosecond);
 
 static void BM_UndoRedoStamp255x255(benchmark::State& state) {
-    ToolBench bench(state);
-    if (!bench.Form) return;
-    QGuiApplication::clipboard()->setText(ToolBench::WholeMapText(1));
-    bench.Form->mnuPaste->trigger();
-    bench.Press(QPoint(1, 1));
-    if (Defines.MapGrid[255][255] != 1) state.SkipWithError("nothing was stamped");
-    bool undo = true;
-    for (auto _ : state) {
-        (undo ? bench.Form->mnuUndo : bench.Form->mnuRedo)->trigger();
-        bench.Redraw();
-        undo = !undo;
-    }
+    UndoRedo(state, [](ToolBench& bench) {
+        QGuiApplication::clipboard()->setText(ToolBench::WholeMapText(1));
+        bench.Form->mnuPaste->trigger();
+        bench.Press(QPoint(1, 1));
+    });
 }
 BENCHMARK(BM_UndoRedoStamp255x255)->Unit(benchmark::kMicrosecond);

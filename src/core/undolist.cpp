@@ -6,20 +6,24 @@ void UndoList::Push(MapStep step) {
     Undone_.clear();
 }
 
-bool UndoList::Undo(MapGridT& grid) {
-    if (Done_.empty()) return false;
-    Done_.back().Apply(grid, false);
-    Undone_.push_back(std::move(Done_.back()));
-    Done_.pop_back();
+namespace {
+// Applies the newest step of one list to the grid and moves it onto the other.
+template <typename From, typename To>
+bool MoveNewest(From& from, To& to, MapGridT& grid, bool forwards) {
+    if (from.empty()) return false;
+    from.back().Apply(grid, forwards);
+    to.push_back(std::move(from.back()));
+    from.pop_back();
     return true;
+}
+}  // namespace
+
+bool UndoList::Undo(MapGridT& grid) {
+    return MoveNewest(Done_, Undone_, grid, false);
 }
 
 bool UndoList::Redo(MapGridT& grid) {
-    if (Undone_.empty()) return false;
-    Undone_.back().Apply(grid, true);
-    Done_.push_back(std::move(Undone_.back()));
-    Undone_.pop_back();
-    return true;
+    return MoveNewest(Undone_, Done_, grid, true);
 }
 
 void UndoList::Clear() {
