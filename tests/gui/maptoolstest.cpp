@@ -173,6 +173,8 @@ TEST_F(MapToolsTest, CopyAndPasteGoThroughTheClipboardText) {
     Hover(At(3, 2));
     EXPECT_EQ(Form_->View->MarkSquares(MapView::ToolMark), QRect(3, 2, 2, 2));
     EXPECT_EQ(Form_->PointerText->text(), QStringLiteral("X 2  Y 1  Block 01"));
+    EXPECT_LE(Form_->PointerText->heightForWidth(Form_->PointerText->width()),
+              Form_->PointerText->height());
     PressCell(Cells_, 16 * (8 + 2));  // stamps on (3, 2)
     // At the bottom right corner only the pattern's top left square falls
     // on the map.
