@@ -26,6 +26,7 @@ MainForm::MainForm(const LoadedMap& firstMap, ProgramHooks hooks)
     connect(View, &MapView::MouseDown, this, &MainForm::MapTile_MouseDown);
     BuildPalette();
     BuildMapSelection();
+    BuildTools();
 }
 
 void MainForm::BuildMenus() {
@@ -51,6 +52,20 @@ void MainForm::BuildMenus() {
     mnuUndo = entry(mnuEdit, QStringLiteral("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z),
                     &MainForm::mnuUndo_Click);
     mnuUndo->setEnabled(false);
+    mnuRedo = entry(mnuEdit, QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y),
+                    &MainForm::mnuRedo_Click);
+    mnuRedo->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    mnuRedo->setEnabled(false);
+    mnuEdit->addSeparator();
+    mnuCopy = entry(mnuEdit, QStringLiteral("&Copy"), QKeySequence(Qt::CTRL | Qt::Key_C),
+                    &MainForm::mnuCopy_Click);
+    mnuCopy->setEnabled(false);
+    mnuPaste = entry(mnuEdit, QStringLiteral("&Paste"), QKeySequence(Qt::CTRL | Qt::Key_V),
+                     &MainForm::mnuPaste_Click);
+    mnuSelectAll = entry(mnuEdit, QStringLiteral("Select &All"), QKeySequence(Qt::CTRL | Qt::Key_A),
+                         &MainForm::mnuSelectAll_Click);
+    BuildToolMenus();
 
     mnuMode = bar->addMenu(QStringLiteral("&Mode"));
     mnuBlockEdit = entry(mnuMode, QStringLiteral("Building Block Editor"),
@@ -116,12 +131,6 @@ void MainForm::BuildPalette() {
 
     Frame1 = new QGroupBox(QStringLiteral("Map Tools"), client);
     Place(Frame1, 6720, 6240, 1575, 1455);
-    Label2 = new QLabel(QStringLiteral("Eventually I plan to add in tools here that let you "
-                                       "copy/paste and draw more easily."),
-                        Frame1);
-    Place(Label2, 120, 240, 1395, 1155);
-    Label2->setWordWrap(true);
-    Label2->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 
 void MainForm::BuildMapSelection() {
@@ -236,8 +245,7 @@ void MainForm::Command2_Click() {
     }
     DrawSideBlocks();
     ShowMapRow();
-    Undo.Clear();
-    mnuUndo->setEnabled(false);
+    ResetTools();
 }
 
 void MainForm::ShowMapRow() {

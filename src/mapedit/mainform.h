@@ -6,10 +6,13 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QToolButton>
 #include <array>
 #include <functional>
+#include <memory>
 
-#include "mapedit/undolist.h"
+#include "core/undolist.h"
+#include "mapedit/maptools.h"
 #include "mapview/maploader.h"
 #include "mapview/mapview.h"
 #include "ui/cellarray.h"
@@ -49,7 +52,11 @@ public:
     Outline* Shape1;
     QLabel* Label1;
     QGroupBox* Frame1;
-    QLabel* Label2;
+
+    // Map tools, in the frame Frame1: a button for each tool, in the order of
+    // ToolKind, and the square under the pointer.
+    std::array<QToolButton*, ToolCount> ToolButtons{};
+    QLabel* PointerText;
 
     // Map selection.
     QGroupBox* Frame2;
@@ -67,6 +74,13 @@ public:
     QAction* mnuExit;
     QMenu* mnuEdit;
     QAction* mnuUndo;
+    QAction* mnuRedo;
+    QAction* mnuCopy;
+    QAction* mnuPaste;
+    QAction* mnuSelectAll;
+    QMenu* mnuTools;
+    std::array<QAction*, ToolCount> mnuTool{};  // in the order of ToolKind
+    QAction* EscapeKey;
     QMenu* mnuMode;
     QAction* mnuBlockEdit;
     QAction* mnuWildEdit;
@@ -83,6 +97,9 @@ public:
     bool MapChanged = false;
     bool SkipExitPrompt = false;
     UndoList Undo;
+    ToolKind CurTool() const { return CurTool_; }
+    bool Pasting() const { return Pasting_; }
+    QRect Selection() const { return Selection_; }  // empty when nothing is selected
 
     // Handlers.
     void CatList_MouseDown();
@@ -93,6 +110,15 @@ public:
     void MapTile_MouseDown(int index, int button);
     void BorderBlock_MouseDown(int index, int button);
     void mnuUndo_Click();
+    void mnuRedo_Click();
+    void mnuCopy_Click();
+    void mnuPaste_Click();
+    void mnuSelectAll_Click();
+    void mnuTool_Click(ToolKind tool);
+    void EscapeKey_Press();
+    void MapTile_MouseMove(QPoint square, bool onSquare, Qt::MouseButtons buttons);
+    void MapTile_MouseUp(QPoint square, int button);
+    void MapTile_MouseLeave();
     void mnuGridlines_Click();
     void mnuSave_Click();
     void mnuSaveAs_Click();
@@ -128,9 +154,39 @@ private:
     void BringOnPalette(int block);
     void ShowBorderControls(bool show);
     bool AskToExit();
+    void BuildTools();
+    void BuildToolMenus();
+    MapTool* ToolInHand();
+    void ToolPress(MapTool* tool, QPoint square);
+    ToolContext Context();
+    // Records a step that changed squares, for undo, and marks the map changed.
+    void Commit(MapStep step);
+    // Brings the undo and redo entries and the pointer's readout up to date.
+    void EnableUndoRedo();
+    void ShowPointer();
+    // Ends a drag; `revert` takes back what it painted so far.
+    void EndDrag(bool revert);
+    void LeavePasteMode();
+    // Forgets the selection, paste mode and the undo list, for a new map.
+    void ResetTools();
+    void SetSelection(QRect squares);
     void WriteMapTo(const QString& romPath, bool offerBackup);
 
     ProgramHooks Hooks_;
     LoadedMap Loaded_;
     bool MapLoaded_ = false;
+    // Map tools: the tool chosen, paste mode, the drag under way and the
+    // selection, in map squares.
+    ToolKind CurTool_ = ToolKind::Pencil;
+    BrushTool Brush_;
+    RectangleTool Rectangle_;
+    FillTool Fill_;
+    SelectTool Select_;
+    StampTool Stamp_;
+    bool Pasting_ = false;
+    MapTool* Dragging_ = nullptr;
+    QPoint DragSquare_;
+    QPoint Pointer_;
+    bool PointerOn_ = false;
+    QRect Selection_;
 };

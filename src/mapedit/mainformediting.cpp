@@ -79,10 +79,17 @@ void MainForm::MapTile_MouseDown(int index, int button) {
     int y = 0;
     if (!View->SquareOfCell(index, x, y)) return;
     if (button == LeftButton) {
-        mnuUndo->setEnabled(true);
-        Undo.Push(
-            {static_cast<std::int16_t>(y), static_cast<std::int16_t>(x), Defines.MapGrid[y][x]});
-        Defines.MapGrid[y][x] = CurBlock;
+        // Every tool but the Pencil takes the press as the start of its drag.
+        if (MapTool* tool = ToolInHand()) {
+            ToolPress(tool, QPoint(x, y));
+            return;
+        }
+        // The Pencil: one square, a step even when the block is already there.
+        MapStep step;
+        step.Add(y, x, Defines.MapGrid[y][x], CurBlock);
+        step.Apply(Defines.MapGrid);
+        Undo.Push(std::move(step));
+        EnableUndoRedo();
         DrawMapTiles();
         MapChanged = true;
     } else if (button == RightButton) {
@@ -98,14 +105,6 @@ void MainForm::BorderBlock_MouseDown(int, int button) {
     } else if (button == RightButton) {
         BringOnPalette(BorderNum);
     }
-}
-
-void MainForm::mnuUndo_Click() {
-    if (Undo.UndoCount() == 0) return;
-    const UndoList::Record record = Undo.Pop();
-    Defines.MapGrid[record.Row][record.Column] = record.Block;
-    if (Undo.UndoCount() == 0) mnuUndo->setEnabled(false);
-    DrawMapTiles();
 }
 
 void MainForm::WriteMapTo(const QString& romPath, bool offerBackup) {

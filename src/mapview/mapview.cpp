@@ -1,5 +1,6 @@
 #include "mapview/mapview.h"
 
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 
@@ -12,6 +13,7 @@ constexpr int ViewLeft = 120;
 constexpr int ViewTop = 120;
 constexpr int BlockTwips = 960;
 constexpr int MapCellTwips = 255;
+constexpr int BlockPixels = BlockTwips / TwipsPerPixel;
 }  // namespace
 
 MapView::MapView(QWidget* form, int linesPerBlock) : QObject(form), LinesPerBlock_(linesPerBlock) {
@@ -68,13 +70,87 @@ MapView::MapView(QWidget* form, int linesPerBlock) : QObject(form), LinesPerBloc
 void MapView::HScroll_Change(int value) {
     ViewCol = static_cast<std::int16_t>(value);
     DrawMapTiles();
+    PlaceMarks();
     emit Scrolled();
 }
 
 void MapView::VScroll_Change(int value) {
     ViewRow = static_cast<std::int16_t>(value);
     DrawMapTiles();
+    PlaceMarks();
     emit Scrolled();
+}
+
+void MapView::EnableTools() {
+    // Made last, so it lies above the cells, the frame and the gridlines.
+    Overlay = new ViewOverlay(MapTile->parentWidget(), {QColor(0, 0, 255), QColor(255, 0, 255)});
+    Overlay->setGeometry(MapTile->geometry());
+    Overlay->show();
+    MapTile->setMouseTracking(true);
+    MapTile->installEventFilter(this);
+}
+
+QRect MapView::ShownPixels() const {
+    const int across = std::clamp(Defines.MapWidth - ViewCol + 1, 0, Limits::ViewSlotsAcross);
+    const int down = std::clamp(Defines.MapHeight - ViewRow + 1, 0, Limits::ViewSlotsDown);
+    return QRect(0, 0, across * BlockPixels + 1, down * BlockPixels + 1);
+}
+
+void MapView::SetMark(Mark which, QRect squares) {
+    Marks_[which] = squares;
+    if (!Overlay) return;
+    QRect pixels;
+    if (!squares.isEmpty())
+        pixels =
+            QRect((squares.left() - ViewCol) * BlockPixels, (squares.top() - ViewRow) * BlockPixels,
+                  squares.width() * BlockPixels + 1, squares.height() * BlockPixels + 1);
+    Overlay->SetMark(which, pixels, ShownPixels());
+}
+
+void MapView::PlaceMarks() {
+    for (const Mark mark : {SelectionMark, ToolMark})
+        SetMark(mark, Marks_[mark]);
+}
+
+bool MapView::SquareAt(QPoint pixel, QPoint& square) const {
+    const QRect shown = ShownPixels();
+    const auto nearest = [](int pixel, int count) {
+        return std::clamp(pixel < 0 ? -1 : pixel / BlockPixels, 0, std::max(0, count - 1));
+    };
+    const int across = shown.width() / BlockPixels;
+    const int down = shown.height() / BlockPixels;
+    square = QPoint(ViewCol + nearest(pixel.x(), across), ViewRow + nearest(pixel.y(), down));
+    return across > 0 && down > 0 && pixel.x() >= 0 && pixel.y() >= 0 &&
+           pixel.x() < across * BlockPixels && pixel.y() < down * BlockPixels;
+}
+
+bool MapView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != MapTile) return false;
+    switch (event->type()) {
+        case QEvent::MouseMove: {
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            QPoint square;
+            const bool on = SquareAt(mouse->position().toPoint(), square);
+            emit PointerMoved(square, on, mouse->buttons());
+            break;
+        }
+        case QEvent::MouseButtonRelease: {
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            QPoint square;
+            SquareAt(mouse->position().toPoint(), square);
+            const int button = mouse->button() == Qt::LeftButton    ? 1
+                               : mouse->button() == Qt::RightButton ? 2
+                                                                    : 0;
+            emit MouseUp(square, button);
+            break;
+        }
+        case QEvent::Leave:
+            emit PointerLeft();
+            break;
+        default:
+            break;
+    }
+    return false;
 }
 
 void MapView::SetUpForMap() {
@@ -98,6 +174,7 @@ void MapView::SetUpForMap() {
     MapTile->SetAllVisible(false);
     FitFrameAndLines();
     DrawMapTiles();
+    PlaceMarks();
 }
 
 void MapView::FitFrameAndLines() {

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
+#include <QRect>
 #include <QScrollBar>
+#include <array>
 #include <cstdint>
 #include <vector>
 
 #include "ui/cellarray.h"
 #include "ui/shapes.h"
+#include "ui/viewoverlay.h"
 
 // The scrolling view of 8 x 6 blocks onto the current map, with its frame and
 // gridlines. The main window and the placement views of the warp and event
@@ -49,12 +53,39 @@ public:
     std::int16_t ViewCol = 1;
     std::int16_t ViewRow = 1;
 
+    // The map tools' layer, which only the main window's view has: the
+    // pointer's moves and releases over the cells, and outlines of squares
+    // above the frame and gridlines.
+    void EnableTools();
+    enum Mark { SelectionMark, ToolMark };
+    // Outlines a rectangle of map squares; an empty rectangle hides the
+    // mark. The outline stays on its squares when the view scrolls.
+    void SetMark(Mark which, QRect squares);
+    QRect MarkSquares(Mark which) const { return Marks_[which]; }
+    // The square of the shown part of the map nearest to a point of the
+    // cells; false when the point lies on no square of the map.
+    bool SquareAt(QPoint pixel, QPoint& square) const;
+    ViewOverlay* Overlay = nullptr;
+
 signals:
     void MouseDown(int index, int button);
     // After a scroll bar moved the view and the cells were drawn again.
     void Scrolled();
+    // The pointer moved over the cells, or with a button held anywhere;
+    // `square` is the nearest square of the shown map.
+    void PointerMoved(QPoint square, bool onSquare, Qt::MouseButtons buttons);
+    void PointerLeft();
+    // A button came up; button 1 is the left one, 2 the right one.
+    void MouseUp(QPoint square, int button);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void PlaceMarks();
+    QRect ShownPixels() const;
+    std::array<QRect, ViewOverlay::Marks> Marks_{};
+
     void HScroll_Change(int value);
     void VScroll_Change(int value);
     void FitFrameAndLines();

@@ -452,7 +452,18 @@ TEST_F(MapEditTest, MenuBarAndWindowSizeAreAsTheUserFirstSeesThem) {
           {},
           {QStringLiteral("&Exit"), {}}}},
         {QStringLiteral("&Edit"),
-         {{QStringLiteral("&Undo"), sequence(Qt::CTRL | Qt::Key_Z), false}}},
+         {{QStringLiteral("&Undo"), sequence(Qt::CTRL | Qt::Key_Z), false},
+          {QStringLiteral("&Redo"), sequence(Qt::CTRL | Qt::Key_Y), false},
+          {},
+          {QStringLiteral("&Copy"), sequence(Qt::CTRL | Qt::Key_C), false},
+          {QStringLiteral("&Paste"), sequence(Qt::CTRL | Qt::Key_V)},
+          {QStringLiteral("Select &All"), sequence(Qt::CTRL | Qt::Key_A)}}},
+        {QStringLiteral("&Tools"),
+         {{QStringLiteral("&Pencil"), sequence(QKeyCombination(Qt::Key_P))},
+          {QStringLiteral("&Brush"), sequence(QKeyCombination(Qt::Key_B))},
+          {QStringLiteral("&Rectangle"), sequence(QKeyCombination(Qt::Key_R))},
+          {QStringLiteral("&Fill"), sequence(QKeyCombination(Qt::Key_F))},
+          {QStringLiteral("&Select"), sequence(QKeyCombination(Qt::Key_S))}}},
         {QStringLiteral("&Mode"),
          {{QStringLiteral("Building Block Editor"), sequence(Qt::CTRL | Qt::Key_B)},
           {},
@@ -482,4 +493,11 @@ TEST_F(MapEditTest, MenuBarAndWindowSizeAreAsTheUserFirstSeesThem) {
     }
     EXPECT_TRUE(form->mnuGridlines->isCheckable());
     EXPECT_TRUE(form->mnuGridlines->isChecked());
+    EXPECT_EQ(form->mnuRedo->shortcuts(),
+              (QList<QKeySequence>{sequence(Qt::CTRL | Qt::Key_Y),
+                                   sequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)}));
+    // The Pencil is chosen at start, in the menu and on its button.
+    EXPECT_TRUE(form->mnuTool[0]->isChecked());
+    EXPECT_TRUE(form->ToolButtons[0]->isChecked());
+    EXPECT_EQ(form->ToolButtons[2]->toolTip(), QStringLiteral("Rectangle (R)"));
 }

@@ -1,5 +1,7 @@
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QFile>
+#include <QGuiApplication>
 #include <QTest>
 #include <algorithm>
 #include <array>
@@ -636,6 +638,40 @@ protected:
         return true;
     }
 
+    // A press on a random visible cell, moves to random points, some
+    // outside the cells, and the release at the last.
+    static void DragOverCells(CellArray* cells, Dice& dice, Qt::MouseButton button) {
+        const int index = dice.Below(cells->Count());
+        if (cells->isHidden() || !cells->CellVisible(index)) return;
+        QPoint at = cells->CellCentre(index);
+        QTest::mousePress(cells, button, Qt::NoModifier, at);
+        for (int moves = dice.Below(4); moves > 0; --moves) {
+            at = QPoint(dice.Between(-40, cells->width() + 40),
+                        dice.Between(-40, cells->height() + 40));
+            QTest::mouseMove(cells, at);
+        }
+        QTest::mouseRelease(cells, button, Qt::NoModifier, at);
+    }
+
+    // Paste mode with a pattern copied from the map or made up, some of its
+    // blocks past the tileset's last one.
+    void Paste(Dice& dice) {
+        if (dice.Chance(50)) {
+            Form_->mnuSelectAll->trigger();
+            Form_->mnuCopy->trigger();
+        } else {
+            QString text;
+            const int width = dice.Between(1, 6);
+            for (int rows = dice.Between(1, 6); rows > 0; --rows)
+                for (int x = 1; x <= width; ++x)
+                    text += Hex(dice.Below(Defines.BlockCount + 2)) + (x < width ? u' ' : u'\n');
+            QGuiApplication::clipboard()->setText(text);
+        }
+        Script.Clear();
+        Form_->mnuPaste->trigger();
+        Script.Clear();
+    }
+
     static void PressAnySymbol(const std::vector<Symbol*>& symbols, int count, Dice& dice) {
         Symbol* symbol = symbols[static_cast<size_t>(dice.Below(std::max(1, count)))];
         if (!symbol->isHidden()) QTest::mousePress(symbol, Qt::LeftButton);
@@ -663,13 +699,17 @@ protected:
                         Scroll(Form_->View->HScroll, dice);
                         Scroll(Form_->View->VScroll, dice);
                     }
-                    PressAnyCell(Form_->View->MapTile, dice,
-                                 dice.Chance(85) ? Qt::LeftButton : Qt::RightButton);
-                } else if (roll < 90) {
+                    if (dice.Chance(30)) Form_->mnuTool[dice.Below(ToolCount)]->trigger();
+                    if (dice.Chance(10)) Paste(dice);
+                    DragOverCells(Form_->View->MapTile, dice,
+                                  dice.Chance(85) ? Qt::LeftButton : Qt::RightButton);
+                } else if (roll < 85) {
                     PressAnyCell(Form_->BorderBlock, dice,
                                  dice.Chance(80) ? Qt::LeftButton : Qt::RightButton);
-                } else if (Form_->mnuUndo->isEnabled()) {
+                } else if (roll < 93) {
                     Form_->mnuUndo->trigger();
+                } else {
+                    Form_->mnuRedo->trigger();
                 }
             }
         };

@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
+#include <initializer_list>
 
 #include "blockedit/blockedit.h"
 #include "core/defines.h"
@@ -74,6 +76,62 @@ void ShootMenu(MainForm* form, QMenu* menu, const QString& name) {
     Shoot(form, name, 120);
     menu->hide();
 }
+// The square of view column bx and row by, and the index of its first cell.
+QPoint ViewSquare(MainForm* form, int bx, int by) {
+    return QPoint(form->View->ViewCol + bx, form->View->ViewRow + by);
+}
+int FirstCell(int bx, int by) {
+    return 16 * (bx + 8 * by);
+}
+
+// A drag through the main window's handlers, as the view reports it: the
+// press on a cell, moves over squares of the view, and the release unless
+// the picture is to show the drag under way.
+void DragOver(MainForm* form, std::initializer_list<QPoint> places, bool release = true) {
+    const QPoint first = *places.begin();
+    form->MapTile_MouseDown(FirstCell(first.x(), first.y()), 1);
+    QPoint square;
+    for (const QPoint& place : places) {
+        square = ViewSquare(form, place.x(), place.y());
+        form->MapTile_MouseMove(square, true, Qt::LeftButton);
+    }
+    if (release) form->MapTile_MouseUp(square, 1);
+}
+
+// Each tool at work on the map in view.
+void ShootTools(MainForm* form) {
+    form->SideBlock_MouseDown(16 * 1, 1);
+    form->mnuTool_Click(ToolKind::Brush);
+    DragOver(form, {{0, 5}, {3, 3}, {4, 3}, {7, 1}});
+    Shoot(form, QStringLiteral("tool-brush"));
+    form->SideBlock_MouseDown(16 * 3, 1);
+    form->mnuTool_Click(ToolKind::Rectangle);
+    DragOver(form, {{1, 0}, {3, 2}}, false);
+    Shoot(form, QStringLiteral("tool-rectangle-dragging"));
+    form->MapTile_MouseUp(ViewSquare(form, 3, 2), 1);
+    Shoot(form, QStringLiteral("tool-rectangle-done"));
+    form->SideBlock_MouseDown(16 * 5, 1);
+    form->mnuTool_Click(ToolKind::Fill);
+    DragOver(form, {{2, 1}});
+    Shoot(form, QStringLiteral("tool-fill"));
+    form->mnuTool_Click(ToolKind::Select);
+    DragOver(form, {{1, 1}, {4, 3}});
+    form->mnuCopy_Click();
+    Shoot(form, QStringLiteral("tool-select"));
+    form->View->HScroll->setValue(form->View->HScroll->value() + 2);
+    Shoot(form, QStringLiteral("tool-select-scrolled"));
+    form->mnuPaste_Click();
+    form->MapTile_MouseMove(ViewSquare(form, 4, 3), true, Qt::NoButton);
+    Shoot(form, QStringLiteral("tool-paste-following"));
+    form->MapTile_MouseDown(FirstCell(4, 3), 1);
+    form->MapTile_MouseUp(ViewSquare(form, 4, 3), 1);
+    form->MapTile_MouseMove(ViewSquare(form, 6, 5), true, Qt::NoButton);
+    Shoot(form, QStringLiteral("tool-paste-stamped"));
+    form->EscapeKey_Press();
+    form->mnuTool_Click(ToolKind::Pencil);
+    ShootMenu(form, form->mnuTools, QStringLiteral("menu-tools"));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -83,6 +141,13 @@ int main(int argc, char** argv) {
         return 2;
     }
     ApplyProgramFont();
+    // "screenshots --grab <file> <x> <y> <width> <height>" saves part of the
+    // screen, for pictures of a program driven by hand.
+    if (QString::fromLocal8Bit(argv[1]) == QStringLiteral("--grab") && argc >= 7) {
+        const QPixmap shot = QGuiApplication::primaryScreen()->grabWindow(
+            0, std::atoi(argv[3]), std::atoi(argv[4]), std::atoi(argv[5]), std::atoi(argv[6]));
+        return shot.save(QString::fromLocal8Bit(argv[2])) ? 0 : 1;
+    }
     Out = QString::fromLocal8Bit(argv[3]);
     QDir().mkpath(Out);
     ScriptedDialogs dialogs;
@@ -116,6 +181,7 @@ int main(int argc, char** argv) {
         form->mnuGridlines_Click();
         Shoot(form, QStringLiteral("map-255-middle-no-gridlines"));
         form->mnuGridlines_Click();
+        ShootTools(form);
     }
     // Paint a few squares, then show the menus.
     form->SideBlock_MouseDown(16 * 4, 1);
