@@ -331,8 +331,8 @@ TEST_F(EventEditTest, TypedValuesReachTheTableOnlyAsWholeNumbers) {
     const struct {
         const char* text;
         int field;
-    } steps[] = {{"12", 12}, {"abc", 12},  {"", 12},   {"2.5", 2}, {"3.5", 4},
-                 {"-1", -1}, {"300", 300}, {" 9 ", 9}, {"1e1", 10}};
+    } steps[] = {{"12", 12}, {"abc", 12},  {"", 12},   {"2.5", 2},  {"3.5", 4},
+                 {"-1", -1}, {"300", 300}, {" 9 ", 9}, {"1e1", 10}, {"1e999", 10}};
     for (const auto& s : steps) {
         SCOPED_TRACE(s.text);
         e->PictureNum->setText(QString::fromLatin1(s.text));
