@@ -99,14 +99,9 @@ bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTabl
         tables.ByList[entry.Place] = entry;
         tables.Records.push_back(entry);
     }
-    if (!reader.AtEnd()) {
-        error = Damaged(path,
-                        QStringLiteral("it holds more than the %1 species its first number "
-                                       "announces")
-                            .arg(n),
-                        reader.Line());
-        return false;
-    }
+    // What follows the announced records is no part of the list: the wild
+    // editor leaves it unread, and tarnwey-check points it out.
+    if (!reader.AtEnd()) tables.ExtraLine = reader.Line();
     tables.Count = n;
     return true;
 }

@@ -50,9 +50,17 @@ TEST_F(MorlickFile, CodesAreHexadecimalHoweverTheyAreWrittenAndPlacesOrderTheLis
     EXPECT_EQ(Tables.Records[2].Place, 4);
     EXPECT_EQ(Tables.Records[3].Code, 255);
 
+    EXPECT_EQ(Tables.ExtraLine, 0);
+
+    // Records beyond the count are not read, whatever they hold.
     ASSERT_TRUE(Load("0\n")) << Error.toStdString();
     EXPECT_TRUE(Tables.Records.empty());
     EXPECT_EQ(Tables.Count, 0);
+    ASSERT_TRUE(Load("1\n01,\"One\",1\n02,\"Two\",2\n\"never closed\n")) << Error.toStdString();
+    EXPECT_EQ(Tables.Count, 1);
+    EXPECT_EQ(Tables.Records.size(), 1u);
+    EXPECT_FALSE(Tables.ByCode[2].Named);
+    EXPECT_EQ(Tables.ExtraLine, 3);
 }
 
 TEST_F(MorlickFile, ABrokenFileIsToldWithItsNameAndLine) {
@@ -65,7 +73,6 @@ TEST_F(MorlickFile, ABrokenFileIsToldWithItsNameAndLine) {
         {"", "does not begin with the number", 1},
         {"\"two\"\n", "does not begin with the number", 1},
         {"2\n01,\"One\",1\n02,\"Two\"\n", "ends inside species 2 of the 2", 3},
-        {"1\n01,\"One\",1\n02,\"Two\",2\n", "more than the 1 species", 3},
         {"1\n100,\"Too big\",1\n", "code \"100\" of species 1", 2},
         {"2\n01,\"One\",1\nG1,\"Not hex\",1\n", "code \"G1\" of species 2", 3},
         {"1\n-1,\"Signed\",1\n", "code \"-1\"", 2},
