@@ -106,6 +106,12 @@ Fixture::EventAddresses& EventRow(SmallProject& project, int map) {
     return project.EventLists.back();
 }
 
+void Append(const QString& folder, const char* file, const QByteArray& text) {
+    QFile f(QDir(folder).filePath(QLatin1String(file)));
+    ASSERT_TRUE(f.open(QIODevice::Append));
+    f.write(text);
+}
+
 // Where a finding lies: file, row and column.
 using Cell = std::tuple<std::string, int, int>;
 
@@ -183,7 +189,8 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
     const struct {
         const char* fault;
         std::function<void(SmallProject&)> plant;
-        std::multiset<Cell> expected;  // empty: the folder is sound
+        std::multiset<Cell> expected;                    // empty: the folder is sound
+        std::function<void(const QString&)> spoil = {};  // a change to the written folder
     } cases[] = {
         // Tileset rows.
         {"last block above 255",
@@ -320,6 +327,26 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
              p.Species.push_back({0x04, QStringLiteral("Fern again"), 4});
          },
          {{Morlick, 3, 0}}},
+        {"records after the count",
+         [](SmallProject&) {},
+         {{Morlick, 3, -1}},
+         [](const QString& folder) { Append(folder, Fixture::MorlickFile, "04,\"Extra\",4\n"); }},
+        // Tiles.png, which the editor cannot start without.
+        {"a tile bank that is no picture",
+         [](SmallProject&) {},
+         {{"Tiles.png", -1, -1}},
+         [](const QString& folder) {
+             Fixture::WriteFile(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)),
+                                "x");
+         }},
+        {"a tile bank too small for 520 pictures",
+         [](SmallProject&) {},
+         {{"Tiles.png", -1, -1}},
+         [](const QString& folder) {
+             Fixture::IndexTileBank()
+                 .copy(0, 0, 256, 512)
+                 .save(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)));
+         }},
         // EventTypes.twy.
         {"a record size above 16",
          [](SmallProject& p) { p.EventTypes[Signs].RecordSize = 17; },
@@ -366,13 +393,13 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
         SCOPED_TRACE(c.fault);
         SmallProject project = SoundProject();
         c.plant(project);
-        const Check::CheckReport report = Run(project);
+        const Check::CheckReport report = Run(project, c.spoil);
         EXPECT_TRUE(report.Unreadables.empty()) << Describe(report);
         EXPECT_EQ(Cells(report), c.expected) << Describe(report);
         EXPECT_EQ(report.ExitStatus(), c.expected.empty() ? 0 : 1);
         for (const auto& f : report.Findings) {
             EXPECT_FALSE(f.What.isEmpty());
-            EXPECT_FALSE(f.ColumnName.isEmpty());
+            EXPECT_EQ(f.ColumnName.isEmpty(), f.Column < 0);
         }
     }
 }
@@ -511,6 +538,21 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     EXPECT_EQ(finding[QStringLiteral("column")].toInt(), 7);
     EXPECT_EQ(finding[QStringLiteral("columnName")].toString(), QStringLiteral("width"));
     EXPECT_TRUE(finding[QStringLiteral("message")].toString().contains(QStringLiteral("0 blocks")));
+
+    // Without the tile bank the editor would not start: a finding of the
+    // file as a whole, in the editor's words.
+    QFile::remove(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)));
+    const CommandResult noBank = RunCommand({QStringLiteral("--json"), folder, RomPath});
+    EXPECT_EQ(noBank.Status, 1);
+    const QJsonObject bank = QJsonDocument::fromJson(noBank.Out.toUtf8())
+                                 .object()[QStringLiteral("findings")]
+                                 .toArray()
+                                 .last()
+                                 .toObject();
+    EXPECT_EQ(bank[QStringLiteral("file")].toString(), QStringLiteral("Tiles.png"));
+    EXPECT_TRUE(bank[QStringLiteral("row")].isNull());
+    EXPECT_TRUE(bank[QStringLiteral("message")].toString().startsWith(
+        QStringLiteral("The tile picture bank \"Tiles.png\" could not be read")));
 
     QFile::remove(RomPath);
     const CommandResult missing = RunCommand({QStringLiteral("--json"), folder, RomPath});
