@@ -196,8 +196,16 @@ TEST_F(Tables, DamagedOrMissingDataFileIsRefusedWithAMessage) {
         {"a tileset file without records", TilesetName, TilesetHeader, "tileset 0"},
         {"257 tilesets", TilesetName, tilesets + TilesetRecord(256), "256"},
         {"a maps file that is missing", MapsName, QByteArray(), "could not be read"},
-        {"a map record cut short", MapsName, towns.left(towns.size() - MapRecord(1).size() / 2),
+        {"a map record cut short", MapsName, towns.left(towns.size() - MapRecord(1).size() / 4),
          "map 1"},
+        {"a map record cut inside a quote", MapsName,
+         towns.left(towns.size() - MapRecord(1).size() / 2),
+         "the quote that opens on line 5 is never closed"},
+        // Every later quote pairs wrongly; the reading fails lines further on.
+        {"a closing quote left out", MapsName,
+         MapsHeader + Group(QStringLiteral("Towns"), 0, 2).replace("Map 1\"", "Map 1") +
+             Group(QStringLiteral("Routes"), 2, 2) + Group(QStringLiteral("Caves"), 4, 2),
+         "the quote that opens on line 5 is not closed on that line"},
         {"fewer maps than the category names", MapsName,
          MapsHeader + "m\n\"Towns\",0,3\n" + MapRecord(0) + MapRecord(1), "map 2"},
         {"a category record cut short", MapsName, MapsHeader + "m\n\"Towns\",0\n", "category 0"},
