@@ -437,7 +437,30 @@ TEST_F(EventEditTest, AListMustLieWhollyInsideTheRom) {
     EXPECT_TRUE(warning.contains(QStringLiteral("\"Beyond\""))) << warning.toStdString();
 }
 
-TEST_F(EventEditTest, BrokenEventFilesKeepTheWindowShut) {
+TEST_F(EventEditTest, ABrokenTypeIsUnusableAloneAndBrokenFilesKeepTheWindowShut) {
+    // Type 0 with its list in column 9: the window opens on the map alone.
+    std::vector<Fixture::EventType> types = Project.EventTypes;
+    types[Plain].ListColumn = 9;
+    const QString typesPath = PathOf(QString::fromLatin1(Fixture::EventTypesFile));
+    ASSERT_TRUE(Fixture::WriteFile(typesPath, Fixture::EventTypesFileText(types)));
+    EventEdit* e = Open(Meadow);
+    ASSERT_NE(e, nullptr);
+    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("\"Plain\"")));
+    EXPECT_EQ(VisibleSymbols(e), 0);
+    EXPECT_FALSE(e->PictureNum->isVisibleTo(e));
+    PressCell(e, 0, 0, 0);
+    EXPECT_FALSE(e->EventsChanged);
+    Go(e, Sixteen);  // the other types stay usable
+    EXPECT_EQ(e->EventCount, 32);
+    Go(e, Plain);  // its row is told, not its empty list
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 2);
+    EXPECT_EQ(Script.Count(NoEvents), 0);
+    EXPECT_EQ(e->CurEventType, Sixteen);
+    EXPECT_EQ(e->EventCount, 32);
+    ASSERT_TRUE(Close(e));
+    Script.Clear();
+
     const QString events = PathOf(QString::fromLatin1(Fixture::EventsFile));
     ASSERT_TRUE(Fixture::WriteFile(events, "h\nh\n300,0,0,0,0,0,0,0,0,0\n"));
     EXPECT_EQ(Open(Town), nullptr);
