@@ -7,7 +7,6 @@
 #include "eventedit/eventsymbols.h"
 #include "mapview/maploader.h"
 #include "rom/romsave.h"
-#include "ui/programfont.h"
 #include "ui/twips.h"
 #include "ui/wrapcheckbox.h"
 
@@ -62,9 +61,6 @@ void EventEdit::BuildControls() {
     field(Label3, Move1, QStringLiteral("Movement 1:"), 2400, 720, 975, 3480);
     field(Label4, Move2, QStringLiteral("Movement 2:"), 2400, 960, 975, 3480);
     field(Label6, MorlData, QStringLiteral("Morlick Set:"), 2400, 1200, 1095, 3480);
-    // The labels stand close to their boxes; the narrower face keeps them whole.
-    for (QLabel* label : {Label1, Label2, Label3, Label4, Label5, Label6, Label7})
-        label->setFont(NarrowFont());
     Boxes_ = {{{Label1, TextString, TypeTextField},
                {Label2, PictureNum, TypePictureField},
                {Label3, Move1, TypeMove1Field},

@@ -1,9 +1,18 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+
 #include "core/defines.h"
 #include "demo/demoproject.h"
 #include "fixture/datafilenames.h"
 #include "fixture/project.h"
 #include "startup/program.h"
 #include "support/apptest.h"
+#include "ui/programfont.h"
+#include "ui/wrapcheckbox.h"
+#include "warpedit/warpedit.h"
 
 class DemoTest : public AppTest {};
 
@@ -38,4 +47,87 @@ TEST_F(DemoTest, EveryDemoMapOfBothVersionsLoadsThroughTheLists) {
             << Script.Texts().join(u'\n').toStdString();
         Program::Reset();
     }
+}
+
+namespace {
+// The controls of every window whose text, in its font and wrapped where the
+// control wraps, does not fit the room the control gives it.
+QStringList TextsThatDoNotFit() {
+    QStringList overflows;
+    for (QWidget* w : QApplication::allWidgets()) {
+        QString text;
+        QRect room;
+        bool wraps = false;
+        QStyleOptionButton option;
+        option.initFrom(w);
+        if (const auto* label = qobject_cast<QLabel*>(w)) {
+            text = label->text();
+            room = label->contentsRect().adjusted(label->margin(), label->margin(),
+                                                  -label->margin(), -label->margin());
+            wraps = label->wordWrap();
+        } else if (const auto* wrap = qobject_cast<WrapCheckBox*>(w)) {
+            text = wrap->text();
+            room = wrap->CaptionRect();
+            wraps = true;
+        } else if (const auto* button = qobject_cast<QAbstractButton*>(w)) {
+            text = button->text();
+            option.text = text;
+            const auto element = qobject_cast<const QCheckBox*>(w) ? QStyle::SE_CheckBoxContents
+                                 : qobject_cast<const QRadioButton*>(w)
+                                     ? QStyle::SE_RadioButtonContents
+                                     : QStyle::SE_PushButtonContents;
+            room = w->style()->subElementRect(element, &option, w);
+        }
+        if (text.isEmpty()) continue;
+        const QFontMetrics metrics(w->font());
+        const QRect need = metrics.boundingRect(QRect(0, 0, wraps ? room.width() : 100000, 100000),
+                                                wraps ? Qt::TextWordWrap : 0, text);
+        if (need.width() > room.width() || need.height() > room.height())
+            overflows << QStringLiteral("%1 \"%2\" (%3): needs %4 x %5, has %6 x %7")
+                             .arg(QString::fromLatin1(w->metaObject()->className()), text,
+                                  w->window()->windowTitle())
+                             .arg(need.width())
+                             .arg(need.height())
+                             .arg(room.width())
+                             .arg(room.height());
+    }
+    return overflows;
+}
+}  // namespace
+
+// Every label, button, check box and option button of every window shows its
+// text whole in the program's font: on every demo map, in each editor, and
+// in the start-up windows that stay behind the main window.
+TEST_F(DemoTest, EveryTextOfEveryWindowFitsItsControl) {
+    const QFont before = QApplication::font();
+    ApplyProgramFont();
+    ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), Folder()));
+    MainForm* form = StartUp(PathOf(QString::fromLatin1(Fixture::RomFileRed)));
+    ASSERT_NE(form, nullptr);
+    QStringList overflows, told;
+    const auto look = [&](const QString& state) {
+        for (const QString& o : TextsThatDoNotFit())
+            if (!told.contains(o)) told << o, overflows << state + QStringLiteral(": ") + o;
+    };
+    for (int c = 0; c <= Defines.CategoryCount; ++c)
+        for (int r = 0; r < Defines.CategoryTable[c][CatMapCount].ToInt16(); ++r) {
+            GoTo(form, c, r);
+            look(CurMapRow()[MapName].ToText());
+        }
+    GoTo(form, 0, 0);
+    Script.AnswerYes();  // the wild editor asks at closing
+    for (QAction* editor : {form->mnuBlockEdit, form->mnuWildEdit, form->mnuWarpEdit,
+                            form->mnuEventEdit, form->mnuAbout}) {
+        editor->trigger();
+        QWidget* window = QApplication::activeWindow();
+        if (auto* warps = qobject_cast<WarpEdit*>(window)) {
+            look(QStringLiteral("warps"));
+            warps->EditWarpTo->click();
+            warps->WarpSym_MouseDown(0);
+        }
+        look(editor->text());
+        if (window && window != form) window->close();
+    }
+    QApplication::setFont(before);
+    EXPECT_TRUE(overflows.isEmpty()) << overflows.join(u'\n').toStdString();
 }
