@@ -17,6 +17,10 @@
 class DemoTest : public AppTest {};
 
 namespace {
+QString ToText(QSize size) {
+    return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());
+}
+
 // The controls of every window whose text, in its font and wrapped where the
 // control wraps, does not fit the room the control gives it.
 QStringList TextsThatDoNotFit() {
@@ -50,13 +54,9 @@ QStringList TextsThatDoNotFit() {
         const QRect need = metrics.boundingRect(QRect(0, 0, wraps ? room.width() : 100000, 100000),
                                                 wraps ? Qt::TextWordWrap : 0, text);
         if (need.width() > room.width() || need.height() > room.height())
-            overflows << QStringLiteral("%1 \"%2\" (%3): needs %4 x %5, has %6 x %7")
-                             .arg(QString::fromLatin1(w->metaObject()->className()), text,
-                                  w->window()->windowTitle())
-                             .arg(need.width())
-                             .arg(need.height())
-                             .arg(room.width())
-                             .arg(room.height());
+            overflows << QStringLiteral("\"%1\" in %2: needs %3, has %4")
+                             .arg(text, w->window()->windowTitle(), ToText(need.size()),
+                                  ToText(room.size()));
     }
     return overflows;
 }
@@ -102,7 +102,7 @@ TEST_F(DemoTest, EveryDemoMapOfBothVersionsLoadsAndEveryTextFits) {
         EXPECT_GE(maps, 8);
         EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0)
             << Script.Texts().join(u'\n').toStdString();
-        GoTo(form, 1, 1);  // a road with every editor and a warp-to list
+        GoTo(form, 1, 1);    // a road with every editor and a warp-to list
         Script.AnswerYes();  // the wild editor asks at closing
         for (QAction* editor : {form->mnuBlockEdit, form->mnuWildEdit, form->mnuWarpEdit,
                                 form->mnuEventEdit, form->mnuAbout}) {

@@ -332,13 +332,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
          {{Morlick, 3, -1}},
          [](const QString& folder) { Append(folder, Fixture::MorlickFile, "04,\"Extra\",4\n"); }},
         // Tiles.png, which the editor cannot start without.
-        {"a tile bank that is no picture",
-         [](SmallProject&) {},
-         {{"Tiles.png", -1, -1}},
-         [](const QString& folder) {
-             Fixture::WriteFile(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)),
-                                "x");
-         }},
         {"a tile bank too small for 520 pictures",
          [](SmallProject&) {},
          {{"Tiles.png", -1, -1}},
@@ -404,22 +397,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
     }
 }
 
-TEST_F(CheckFolder, AFindingNamesTheMapTheColumnAndThePositionsInWords) {
-    SmallProject project = SoundProject();
-    const int romSize = project.Rom.Size();
-    project.Map(Oak).GridPos = romSize - 2;
-    const Check::CheckReport report = Run(project);
-    ASSERT_EQ(report.Findings.size(), 1u) << Describe(report);
-    const Check::Finding& f = report.Findings.front();
-    EXPECT_EQ(f.Name, QStringLiteral("Oak"));
-    EXPECT_EQ(f.ColumnName, QStringLiteral("grid position"));
-    EXPECT_EQ(f.What, QStringLiteral("The grid (4 bytes, positions %1 to %2) would reach past the "
-                                     "end of MorlickRed.gb, which has %3 bytes.")
-                          .arg(romSize - 2)
-                          .arg(romSize + 1)
-                          .arg(romSize));
-}
-
 TEST_F(CheckFolder, FilesThatCannotBeReadGiveStatus2AndTheRestIsStillChecked) {
     const struct {
         const char* fault;
@@ -442,12 +419,6 @@ TEST_F(CheckFolder, FilesThatCannotBeReadGiveStatus2AndTheRestIsStillChecked) {
                                 "head\nmark\n\"All\",250,7\n");
          },
          "Maps.twy"},
-        {"a tileset file that ends inside a record",
-         [](const QString& folder) {
-             Fixture::WriteFile(QDir(folder).filePath(QLatin1String(Fixture::TilesetFileRed)),
-                                "head\n\"A\",\"B\",93\n");
-         },
-         "TilesetsR.twy"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.fault);
@@ -514,14 +485,21 @@ CommandResult RunCommand(const QStringList& arguments) {
 
 TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     SmallProject project = SoundProject();
-    project.Map(Deep).Cols = 0;
+    const int romSize = project.Rom.Size();
+    project.Map(Oak).GridPos = romSize - 2;
     Run(project);
     const QString folder = QFileInfo(RomPath).path();
 
+    // The map, the column and the positions in words.
     const CommandResult text = RunCommand({folder, RomPath});
     EXPECT_EQ(text.Status, 1);
-    EXPECT_EQ(text.Out, QStringLiteral("Maps.twy, row 4 \"Deep\", column 7 (width): The map is 0 "
-                                       "blocks wide, but a map is 1 to 255 blocks wide.\n"));
+    EXPECT_EQ(text.Out, QStringLiteral("Maps.twy, row %1 \"Oak\", column 2 (grid position): The "
+                                       "grid (4 bytes, positions %2 to %3) would reach past the "
+                                       "end of MorlickRed.gb, which has %4 bytes.\n")
+                            .arg(Oak)
+                            .arg(romSize - 2)
+                            .arg(romSize + 1)
+                            .arg(romSize));
 
     const CommandResult json = RunCommand({QStringLiteral("--json"), folder, RomPath});
     EXPECT_EQ(json.Status, 1);
@@ -533,11 +511,11 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     ASSERT_EQ(findings.size(), 1);
     const QJsonObject finding = findings[0].toObject();
     EXPECT_EQ(finding[QStringLiteral("file")].toString(), QStringLiteral("Maps.twy"));
-    EXPECT_EQ(finding[QStringLiteral("row")].toInt(), Deep);
-    EXPECT_EQ(finding[QStringLiteral("name")].toString(), QStringLiteral("Deep"));
-    EXPECT_EQ(finding[QStringLiteral("column")].toInt(), 7);
-    EXPECT_EQ(finding[QStringLiteral("columnName")].toString(), QStringLiteral("width"));
-    EXPECT_TRUE(finding[QStringLiteral("message")].toString().contains(QStringLiteral("0 blocks")));
+    EXPECT_EQ(finding[QStringLiteral("row")].toInt(), Oak);
+    EXPECT_EQ(finding[QStringLiteral("name")].toString(), QStringLiteral("Oak"));
+    EXPECT_EQ(finding[QStringLiteral("column")].toInt(), 2);
+    EXPECT_EQ(finding[QStringLiteral("columnName")].toString(), QStringLiteral("grid position"));
+    EXPECT_TRUE(finding[QStringLiteral("message")].toString().contains(QStringLiteral("past")));
 
     // Without the tile bank the editor would not start: a finding of the
     // file as a whole, in the editor's words.
