@@ -8,7 +8,6 @@
 #include "mapview/compose.h"
 #include "mapview/tiles.h"
 #include "rom/romsave.h"
-#include "ui/programfont.h"
 #include "ui/twips.h"
 
 namespace {
@@ -85,8 +84,6 @@ void BlockEdit::BuildBlock() {
     Place(BlockHex, 3120, 120, 2775, 255);
     TileHex = new QLabel(client);
     Place(TileHex, 3120, 360, 2775, 255);
-    BlockHex->setFont(NarrowFont());
-    TileHex->setFont(NarrowFont());
     SaveBlock = new QPushButton(QStringLiteral("Save"), client);
     Place(SaveBlock, 2520, 720, 975, 375);
     connect(SaveBlock, &QPushButton::clicked, this, &BlockEdit::SaveBlock_Click);

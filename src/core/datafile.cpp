@@ -26,4 +26,20 @@ QString Damaged(const QString& path, const QString& what, const QString& consequ
         .arg(QFileInfo(path).fileName(), what, consequence);
 }
 
+bool Finish(const FieldReader& reader, bool read, const QString& path, QString& error,
+            const QString& consequence) {
+    const int line = reader.RunawayQuoteLine();
+    if (reader.QuoteLeftOpenLine() == 0 && (read || line == 0)) return read;
+    // The first quote that ran off its line is named: where one closing
+    // quote is missing, every quote after it pairs wrongly, up to the last.
+    error = Damaged(path,
+                    (line == reader.QuoteLeftOpenLine()
+                         ? QStringLiteral("the quote that opens on line %1 is never closed.")
+                         : QStringLiteral("the quote that opens on line %1 is not closed on that "
+                                          "line, and the fields after it are out of step."))
+                        .arg(line),
+                    consequence);
+    return false;
+}
+
 }  // namespace DataFile

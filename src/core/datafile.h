@@ -17,6 +17,14 @@ bool ReadWhole(const QString& path, QByteArray& content, QString& error,
 QString Damaged(const QString& path, const QString& what,
                 const QString& consequence = ProgramStops);
 
+// Ends the reading of a file with `reader`, which came to `read`. A quote
+// that is never closed is damage even when every record was read. A reading
+// that failed after a quoted text ran on over a line end was most likely put
+// out of step by a missing closing quote, far from where it then failed: the
+// message names the line where that quote opened instead.
+bool Finish(const FieldReader& reader, bool read, const QString& path, QString& error,
+            const QString& consequence = ProgramStops);
+
 // Reads one record of `count` fields into row[first..]. A file that ends
 // inside a record is an error: half a record would give wrong positions in
 // the ROM.

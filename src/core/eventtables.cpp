@@ -11,18 +11,9 @@ void SkipHeader(FieldReader& reader) {
     for (int i = 0; i < HeaderLines; ++i)
         reader.SkipLine();
 }
-}  // namespace
 
-bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_t& lastType,
-                        QString& error) {
-    QByteArray content;
-    if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
-    return LoadEventTypesFile(path, content, table, lastType, error);
-}
-
-bool LoadEventTypesFile(const QString& path, const QByteArray& content, EventTypeTableT& table,
-                        std::int16_t& lastType, QString& error) {
-    FieldReader reader(content);
+bool ReadEventTypes(FieldReader& reader, const QString& path, EventTypeTableT& table,
+                    std::int16_t& lastType, QString& error) {
     SkipHeader(reader);
     table = {};
     if (reader.AtEnd()) {
@@ -47,15 +38,8 @@ bool LoadEventTypesFile(const QString& path, const QByteArray& content, EventTyp
     return true;
 }
 
-bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& error) {
-    QByteArray content;
-    if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
-    return LoadEventsFile(path, content, table, error);
-}
-
-bool LoadEventsFile(const QString& path, const QByteArray& content, EventAddressTableT& table,
-                    QString& error) {
-    FieldReader reader(content);
+bool ReadEvents(FieldReader& reader, const QString& path, EventAddressTableT& table,
+                QString& error) {
     SkipHeader(reader);
     table = {};
     while (!reader.AtEnd()) {
@@ -79,6 +63,34 @@ bool LoadEventsFile(const QString& path, const QByteArray& content, EventAddress
         table[map] = record;
     }
     return true;
+}
+}  // namespace
+
+bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_t& lastType,
+                        QString& error) {
+    QByteArray content;
+    if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
+    return LoadEventTypesFile(path, content, table, lastType, error);
+}
+
+bool LoadEventTypesFile(const QString& path, const QByteArray& content, EventTypeTableT& table,
+                        std::int16_t& lastType, QString& error) {
+    FieldReader reader(content);
+    return DataFile::Finish(reader, ReadEventTypes(reader, path, table, lastType, error), path,
+                            error, EventsStop);
+}
+
+bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& error) {
+    QByteArray content;
+    if (!DataFile::ReadWhole(path, content, error, EventsStop)) return false;
+    return LoadEventsFile(path, content, table, error);
+}
+
+bool LoadEventsFile(const QString& path, const QByteArray& content, EventAddressTableT& table,
+                    QString& error) {
+    FieldReader reader(content);
+    return DataFile::Finish(reader, ReadEvents(reader, path, table, error), path, error,
+                            EventsStop);
 }
 
 std::vector<EventLayoutFault> EventLayoutFaults(const EventTypeTableT& table, int type) {

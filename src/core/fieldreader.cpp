@@ -73,16 +73,24 @@ bool FieldReader::ReadField(Field& out) {
 
     if (Text_[Pos_] == u'"') {
         const qsizetype start = ++Pos_;
+        const int opened = Line_;
         while (Pos_ < Text_.size() && Text_[Pos_] != u'"') {
             if (Text_[Pos_] == u'\n') ++Line_;
             ++Pos_;
         }
         const QString text = Text_.mid(start, Pos_ - start);
         out = Field::Text(text).WrittenAs(text);
+        bool runaway = Line_ != opened || Pos_ >= Text_.size();
+        if (Pos_ >= Text_.size()) QuoteLeftOpenLine_ = opened;
         if (Pos_ < Text_.size()) ++Pos_;  // the closing quote
-        // Anything between the closing quote and the separator is not part of the field.
-        while (Pos_ < Text_.size() && Text_[Pos_] != u',' && !AtLineEnd())
+        // Anything between the closing quote and the separator is not part of
+        // the field. A quote there means that this quote closed on the next
+        // field's opening quote: its own closing quote is missing.
+        while (Pos_ < Text_.size() && Text_[Pos_] != u',' && !AtLineEnd()) {
+            if (Text_[Pos_] == u'"') runaway = true;
             ++Pos_;
+        }
+        if (runaway && RunawayQuoteLine_ == 0) RunawayQuoteLine_ = opened;
     } else {
         const qsizetype start = Pos_;
         while (Pos_ < Text_.size() && Text_[Pos_] != u',' && !AtLineEnd())

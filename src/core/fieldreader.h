@@ -25,6 +25,15 @@ public:
     bool AtEnd() const;
     // The line the reader stands on, counted from 1, for messages.
     int Line() const { return Line_; }
+    // The line where the first quoted text began that ran on over a line end
+    // or to the end of the text, or that closed on the opening quote of the
+    // next field; 0 when none did. Quoted text may hold a line end, but a
+    // closing quote that was left out shows the same way, and it puts every
+    // later field out of step.
+    int RunawayQuoteLine() const { return RunawayQuoteLine_; }
+    // The line where a quoted text began that ran to the end of the text
+    // without its closing quote; 0 when none did.
+    int QuoteLeftOpenLine() const { return QuoteLeftOpenLine_; }
 
 private:
     bool AtLineEnd() const;
@@ -35,4 +44,6 @@ private:
     int Line_ = 1;
     // The last separator read was a comma, so another field must follow.
     bool AfterComma_ = false;
+    int RunawayQuoteLine_ = 0;
+    int QuoteLeftOpenLine_ = 0;
 };

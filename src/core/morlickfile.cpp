@@ -4,15 +4,17 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include "core/datafile.h"
 #include "core/fieldreader.h"
 
 namespace {
+const QString WildStop = QStringLiteral("The wild Morlick cannot be edited until it is mended.");
+
 QString Damaged(const QString& path, const QString& what, int line) {
-    return QStringLiteral(
-               "The data file \"%1\" is damaged: %2 (line %3).\n\n"
-               "The wild Morlick cannot be edited until it is mended.")
+    return QStringLiteral("The data file \"%1\" is damaged: %2 (line %3).\n\n%4")
         .arg(QFileInfo(path).fileName(), what)
-        .arg(line);
+        .arg(line)
+        .arg(WildStop);
 }
 
 // A code is hexadecimal whatever its digits look like: "10" is sixteen.
@@ -24,23 +26,8 @@ bool ReadCode(const Field& field, std::int16_t& code) {
     code = static_cast<std::int16_t>(value);
     return true;
 }
-}  // namespace
 
-bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral(
-                    "The data file \"%1\" could not be read (%2).\n\n"
-                    "Tarnwey needs it beside the program to name the wild Morlick.")
-                    .arg(QFileInfo(path).fileName(), file.errorString());
-        return false;
-    }
-    return LoadMorlickFile(path, file.readAll(), tables, error);
-}
-
-bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTables& tables,
-                     QString& error) {
-    FieldReader reader(content);
+bool ReadSpecies(FieldReader& reader, const QString& path, MorlickTables& tables, QString& error) {
     tables = {};
     Field count;
     if (!reader.ReadField(count) || count.kind() != Field::Kind::Number) {
@@ -99,14 +86,29 @@ bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTabl
         tables.ByList[entry.Place] = entry;
         tables.Records.push_back(entry);
     }
-    if (!reader.AtEnd()) {
-        error = Damaged(path,
-                        QStringLiteral("it holds more than the %1 species its first number "
-                                       "announces")
-                            .arg(n),
-                        reader.Line());
-        return false;
-    }
+    // What follows the announced records is no part of the list: the wild
+    // editor leaves it unread, and tarnwey-check points it out.
+    if (!reader.AtEnd()) tables.ExtraLine = reader.Line();
     tables.Count = n;
     return true;
+}
+}  // namespace
+
+bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral(
+                    "The data file \"%1\" could not be read (%2).\n\n"
+                    "Tarnwey needs it beside the program to name the wild Morlick.")
+                    .arg(QFileInfo(path).fileName(), file.errorString());
+        return false;
+    }
+    return LoadMorlickFile(path, file.readAll(), tables, error);
+}
+
+bool LoadMorlickFile(const QString& path, const QByteArray& content, MorlickTables& tables,
+                     QString& error) {
+    FieldReader reader(content);
+    return DataFile::Finish(reader, ReadSpecies(reader, path, tables, error), path, error,
+                            WildStop);
 }

@@ -25,6 +25,9 @@ struct MorlickTables {
     // The records in the order of the file, before a later record with the
     // same code or place takes an earlier one's row in the tables.
     std::vector<MorlickEntry> Records;
+    // The line where text after the last announced record begins; 0 when
+    // the file ends with that record.
+    int ExtraLine = 0;
 };
 
 // The list shows places 1 to Count, each a row of ByList, so a file holds at
@@ -32,7 +35,8 @@ struct MorlickTables {
 inline constexpr int MaxSpecies = Limits::TableRows - 1;
 
 // Reads Morlick.twy: no line is skipped, the first field is the count, then
-// each record is a code in hexadecimal digits, a name and a list place. On
+// each record is a code in hexadecimal digits, a name and a list place, as
+// many as the count says; anything after them is not read. On
 // failure returns false with a message naming the file and the line; the
 // tables are then not to be used.
 bool LoadMorlickFile(const QString& path, MorlickTables& tables, QString& error);

@@ -14,9 +14,9 @@ bool LoadTilesetFile(const QString& path, TilesetTableT& table, QString& error,
     return LoadTilesetFile(path, content, table, error, lastRow);
 }
 
-bool LoadTilesetFile(const QString& path, const QByteArray& content, TilesetTableT& table,
-                     QString& error, std::int16_t* lastRow) {
-    FieldReader reader(content);
+namespace {
+bool ReadTilesets(FieldReader& reader, const QString& path, TilesetTableT& table, QString& error,
+                  std::int16_t* lastRow) {
     reader.SkipLine();
     int row = -1;
     do {
@@ -37,16 +37,8 @@ bool LoadTilesetFile(const QString& path, const QByteArray& content, TilesetTabl
     return true;
 }
 
-bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& maps,
-                  std::int16_t& categoryCount, QString& error) {
-    QByteArray content;
-    if (!DataFile::ReadWhole(path, content, error)) return false;
-    return LoadMapsFile(path, content, categories, maps, categoryCount, error);
-}
-
-bool LoadMapsFile(const QString& path, const QByteArray& content, CategoryTableT& categories,
-                  MapTableT& maps, std::int16_t& categoryCount, QString& error) {
-    FieldReader reader(content);
+bool ReadMaps(FieldReader& reader, const QString& path, CategoryTableT& categories, MapTableT& maps,
+              std::int16_t& categoryCount, QString& error) {
     reader.SkipLine();
     int category = -1;
     do {
@@ -87,4 +79,25 @@ bool LoadMapsFile(const QString& path, const QByteArray& content, CategoryTableT
     } while (!reader.AtEnd());
     categoryCount = static_cast<std::int16_t>(category);
     return true;
+}
+}  // namespace
+
+bool LoadTilesetFile(const QString& path, const QByteArray& content, TilesetTableT& table,
+                     QString& error, std::int16_t* lastRow) {
+    FieldReader reader(content);
+    return DataFile::Finish(reader, ReadTilesets(reader, path, table, error, lastRow), path, error);
+}
+
+bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& maps,
+                  std::int16_t& categoryCount, QString& error) {
+    QByteArray content;
+    if (!DataFile::ReadWhole(path, content, error)) return false;
+    return LoadMapsFile(path, content, categories, maps, categoryCount, error);
+}
+
+bool LoadMapsFile(const QString& path, const QByteArray& content, CategoryTableT& categories,
+                  MapTableT& maps, std::int16_t& categoryCount, QString& error) {
+    FieldReader reader(content);
+    return DataFile::Finish(reader, ReadMaps(reader, path, categories, maps, categoryCount, error),
+                            path, error);
 }

@@ -15,10 +15,12 @@ std::optional<double> Read(const QString& text, bool whole) {
     const QRegularExpressionMatch match =
         (whole ? wholeNumber : leadingNumber).match(text.trimmed());
     if (!match.hasMatch()) return std::nullopt;
+    // The text is a number by its form. One beyond what a double holds still
+    // is one: "1e999" reads as infinity, larger than any limit the rules below
+    // hold it to, and "1e-999" as 0.
     bool ok = false;
     const double value = match.captured(0).toDouble(&ok);
-    // Digits beyond what a double holds ("1e999") are no number either.
-    if (!ok || !std::isfinite(value)) return std::nullopt;
+    if (!ok && !std::isinf(value)) return 0.0;
     return value;
 }
 

@@ -6,7 +6,10 @@
 
 // The three ways the editors turn typed text into a number, side by side.
 // All read plain decimal notation: an optional sign, digits with an optional
-// fraction, and an optional exponent ("12", "-0.5", "1e2", ".5").
+// fraction, and an optional exponent ("12", "-0.5", "1e2", ".5"). A number too
+// large for a double ("1e999") is larger than every limit: a level is
+// infinite, a warp target the largest 32-bit number, and an event field has
+// no value.
 namespace TypedNumber {
 
 // A wild level: the whole trimmed text as a number, rounded down (12.9 gives

@@ -6,7 +6,6 @@
 #include "core/typednumber.h"
 #include "eventedit/eventsymbols.h"
 #include "rom/romsave.h"
-#include "ui/programfont.h"
 #include "ui/twips.h"
 #include "ui/wrapcheckbox.h"
 
@@ -61,9 +60,6 @@ void EventEdit::BuildControls() {
     field(Label3, Move1, QStringLiteral("Movement 1:"), 2400, 720, 975, 3480);
     field(Label4, Move2, QStringLiteral("Movement 2:"), 2400, 960, 975, 3480);
     field(Label6, MorlData, QStringLiteral("Morlick Set:"), 2400, 1200, 1095, 3480);
-    // The labels stand close to their boxes; the narrower face keeps them whole.
-    for (QLabel* label : {Label1, Label2, Label3, Label4, Label5, Label6, Label7})
-        label->setFont(NarrowFont());
     Boxes_ = {{{Label1, TextString, TypeTextField},
                {Label2, PictureNum, TypePictureField},
                {Label3, Move1, TypeMove1Field},
@@ -106,6 +102,18 @@ void EventEdit::Form_Load() {
     SelType->setCurrentRow(0);
     Placement->SetPictures(&EventNon, &EventSel, SelEvent);
     // The window opens on type 0, whether or not it has events on this map.
+    // A row of type 0 that cannot be used is told, and the window shows the
+    // map without events; "Go" still reaches the other types.
+    EventLayout layout;
+    if (!ReadEventLayout(EventTypeTable, 0, layout, error)) {
+        Dialogs().Warn(error);
+        TypeUsable_ = false;
+        EventCount = 0;
+        Placement->SetUpForMap();
+        DrawEventMap();
+        ShowFields();
+        return;
+    }
     if (!LoadEventMap(0)) RefuseLoad();
 }
 
@@ -134,6 +142,7 @@ bool EventEdit::LoadEventMap(int type) {
         return false;
     }
     CurEventType = static_cast<std::int16_t>(type);
+    TypeUsable_ = true;
     Layout_ = layout;
     Place_ = place;
     EventCount = static_cast<std::int16_t>(place.Count);
@@ -149,7 +158,7 @@ bool EventEdit::LoadEventMap(int type) {
 void EventEdit::ShowFields() {
     // A box the type has no field for is hidden and keeps its text.
     for (const FieldBox& f : Boxes_) {
-        const int field = EventTypeTable[CurEventType][f.Column].ToInt32();
+        const int field = TypeUsable_ ? EventTypeTable[CurEventType][f.Column].ToInt32() : 0;
         f.Label->setVisible(field != 0);
         f.Box->setVisible(field != 0);
         if (field != 0) f.Box->setText(QString::number(Events[SelEvent][field - 1]));
@@ -179,6 +188,7 @@ void EventEdit::EventSym_MouseDown(int index) {
 }
 
 void EventEdit::MapTile_MouseDown(int index) {
+    if (!TypeUsable_) return;
     QPoint block;
     const QPoint square = Placement->SquareOfCell(index, block);
     Events[SelEvent][Layout_.XField - 1] = square.x() + Layout_.Bias2;
@@ -203,10 +213,15 @@ void EventEdit::FieldBox_Change(int box, const QString& text) {
 void EventEdit::Command2_Click() {
     const int type = SelType->currentRow();
     if (type < 0 || type > LastEventType) return;
-    const int column = EventTypeTable[type][TypeListColumn].ToInt32();
-    const bool listed = column >= 1 && column <= EventAddressColumns - 2 &&
-                        EventListCount(EventAddressTable, Defines.CurMap, column) != 0;
-    if (!listed) {
+    // A row the window cannot use is told first, whatever its list holds.
+    EventLayout layout;
+    QString error;
+    if (!ReadEventLayout(EventTypeTable, type, layout, error)) {
+        Dialogs().Warn(error);
+        SelType->setCurrentRow(CurEventType);
+        return;
+    }
+    if (EventListCount(EventAddressTable, Defines.CurMap, layout.ListColumn) == 0) {
         Dialogs().Beep();
         Dialogs().Inform(
             QStringLiteral("There are no events of that type on this map (or the addresses for "
@@ -233,6 +248,14 @@ QString EventEdit::FieldName(int field) const {
 }
 
 void EventEdit::Command1_Click() {
+    if (!TypeUsable_) {
+        // No list is in the window: the row's fault is told again.
+        EventLayout layout;
+        QString error;
+        ReadEventLayout(EventTypeTable, CurEventType, layout, error);
+        Dialogs().Warn(error);
+        return;
+    }
     // The bytes are worked out on a copy: a save that is given up leaves the
     // table in the window's coordinates.
     EventTable rows = Events;

@@ -104,5 +104,9 @@ private:
     std::array<FieldBox, 7> Boxes_{};
     EventLayout Layout_;
     EventListPlace Place_;
+    // The row of CurEventType can be used. Only a type 0 whose row cannot
+    // is in the window without: then it shows no event, and no click or
+    // save reaches a list.
+    bool TypeUsable_ = true;
     bool Gridlines_;
 };

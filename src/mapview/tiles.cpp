@@ -1,11 +1,10 @@
 #include "mapview/tiles.h"
 
-#include <QFileInfo>
 #include <QImage>
-#include <QImageReader>
 #include <QPainter>
 
 #include "mapview/bankatlas.h"
+#include "mapview/tilebankfile.h"
 
 namespace {
 constexpr int PictureSize = BankAtlas::PicturePixels;
@@ -20,27 +19,8 @@ Tiles& Tiles::Bank() {
 Tiles::Tiles() {}
 
 bool Tiles::Load(const QString& path, QString& error) {
-    QImageReader reader(path);
-    const QImage atlas = reader.read();
-    const QString name = QFileInfo(path).fileName();
-    if (atlas.isNull()) {
-        error = QStringLiteral(
-                    "The tile picture bank \"%1\" could not be read (%2).\n\n"
-                    "Tarnwey cannot show maps without it.")
-                    .arg(name, reader.errorString());
-        return false;
-    }
-    if (atlas.width() < BankAtlas::Size().width() || atlas.height() < BankAtlas::Size().height()) {
-        error = QStringLiteral(
-                    "The tile picture bank \"%1\" is %2 x %3 pixels, too small to hold "
-                    "%4 pictures of 16 x 16 pixels, 16 to a row.\n\n"
-                    "Tarnwey cannot show maps without it.")
-                    .arg(name)
-                    .arg(atlas.width())
-                    .arg(atlas.height())
-                    .arg(Limits::BankPictures);
-        return false;
-    }
+    QImage atlas;
+    if (!ReadTileBankFile(path, atlas, error)) return false;
     const QImage rgb = atlas.convertToFormat(QImage::Format_RGB32);
     for (int i = 0; i < Limits::BankPictures; ++i)
         Tile_[i] = QPixmap::fromImage(rgb.copy(BankAtlas::PictureRect(i)));

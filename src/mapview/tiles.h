@@ -5,6 +5,7 @@
 #include <array>
 
 #include "core/limits.h"
+#include "mapview/tilebankfile.h"
 
 // The bank of tile pictures: 520 pictures of 16 x 16 pixels, decoded once
 // from the atlas Tiles.png (16 pictures across, picture i at column i mod 16,
@@ -33,8 +34,6 @@ private:
     QPixmap NoPicture_;
     bool Loaded_ = false;
 };
-
-inline constexpr const char* TileBankFile = "Tiles.png";
 
 // The bank's picture at an index, or the "no picture" cell outside 0 to 519.
 inline const QPixmap* TilePicture(int index) {

@@ -8,6 +8,8 @@ class WrapCheckBox : public QCheckBox {
     Q_OBJECT
 public:
     WrapCheckBox(const QString& text, QWidget* parent) : QCheckBox(text, parent) {}
+    // Where the caption is drawn, wrapped at its width.
+    QRect CaptionRect() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -6,7 +6,6 @@
 #include "core/dialogs.h"
 #include "core/typednumber.h"
 #include "rom/romsave.h"
-#include "ui/programfont.h"
 #include "ui/twips.h"
 #include "warpedit/warpsymbols.h"
 
@@ -73,12 +72,9 @@ void WarpEdit::BuildControls() {
                         Frame2);
     Place(Label3, 1920, 840, 2055, 495);
     Label3->setWordWrap(true);
-    // These labels meet their neighbours; the narrower face keeps their text whole.
-    Label3->setFont(NarrowFont());
     Label4 = new QLabel(QStringLiteral("Event Placement: 0"), Frame2);
     Place(Label4, 1920, 360, 1575, 255);
     Label4->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Label4->setFont(NarrowFont());
     Label4->hide();
     Label6 = new QLabel(QStringLiteral("0"), Frame2);
     Place(Label6, 3600, 360, 375, 255);

@@ -5,7 +5,6 @@
 #include "core/dialogs.h"
 #include "core/typednumber.h"
 #include "rom/romsave.h"
-#include "ui/programfont.h"
 #include "ui/twips.h"
 
 namespace {
@@ -48,8 +47,6 @@ WildEdit::WildEdit(Form* owner) : ChildForm(owner) {
     Place(MorlHex, 120, 960, 2775, 255);
     Label3 = new QLabel(QStringLiteral("Enter Level (0 to 255):"), Frame2);
     Place(Label3, 120, 1320, 1815, 255);
-    // The label runs under the level box; the narrower face keeps its text clear of it.
-    Label3->setFont(NarrowFont());
     SelLevel = new QLineEdit(Frame2);
     Place(SelLevel, 1800, 1320, 1095, 285);
     connect(SelLevel, &QLineEdit::textChanged, this, &WildEdit::SelLevel_Change);

@@ -13,7 +13,7 @@ namespace {
 
 // Map rows and event types of the project.
 enum { Meadow, Town, Quiet, Edge, Beyond };
-enum { Plain, Sixteen, Bare, TwoBias, Cut };
+enum { Plain, Sixteen, Bare, TwoBias };
 const QString Discard = QStringLiteral("Discard the changes you have made?");
 
 const QString Saved = QStringLiteral("Your changes to the Events have been saved!");
@@ -52,9 +52,6 @@ Fixture::SmallProject EventProject() {
     // Two biases: 1 on y, 3 on x.
     project.EventTypes.push_back(
         {QStringLiteral("T"), QStringLiteral("Two biases"), 7, 3, 1, 3, 1, 2, 0, 0, 0, 0, 0, 0, 0});
-    // A row whose x does not follow its y.
-    project.EventTypes.push_back(
-        {QStringLiteral("C"), QStringLiteral("Cut"), 7, 3, 0, 0, 1, 3, 0, 0, 0, 0, 0, 0, 0});
 
     // The field: 20 plain events, 32 of sixteen bytes (x stored 4, 19, 20 and
     // 3 first), one bare, three of two biases.
@@ -158,7 +155,7 @@ TEST_F(EventEditTest, OpensOnTypeZeroWithTheFieldsItsRowNames) {
     EventEdit* e = Open(Town);
     ASSERT_NE(e, nullptr);
     EXPECT_EQ(e->windowTitle(), QStringLiteral("Event Editor"));
-    ASSERT_EQ(e->SelType->count(), 5);
+    ASSERT_EQ(e->SelType->count(), 4);
     EXPECT_EQ(e->SelType->item(3)->text(), QStringLiteral("Two biases"));
     EXPECT_EQ(e->CurEventType, Plain);
     EXPECT_EQ(e->EventCount, 3);
@@ -334,8 +331,8 @@ TEST_F(EventEditTest, TypedValuesReachTheTableOnlyAsWholeNumbers) {
     const struct {
         const char* text;
         int field;
-    } steps[] = {{"12", 12}, {"abc", 12},  {"", 12},   {"2.5", 2}, {"3.5", 4},
-                 {"-1", -1}, {"300", 300}, {" 9 ", 9}, {"1e1", 10}};
+    } steps[] = {{"12", 12}, {"abc", 12},  {"", 12},   {"2.5", 2},  {"3.5", 4},
+                 {"-1", -1}, {"300", 300}, {" 9 ", 9}, {"1e1", 10}, {"1e999", 10}};
     for (const auto& s : steps) {
         SCOPED_TRACE(s.text);
         e->PictureNum->setText(QString::fromLatin1(s.text));
@@ -400,13 +397,6 @@ TEST_F(EventEditTest, GoRefusesATypeWithoutEventsAndOtherwiseReadsTheList) {
         EXPECT_FALSE(e->EventSym[i]->isVisibleTo(e)) << i;
     EXPECT_EQ(e->EventSym[7]->Picture(), &e->EventSel);
     EXPECT_EQ(e->Placement->View->ViewCol, 1);
-
-    // A row that cannot be read is told at Go, and the list stays.
-    Go(e, Cut);
-    EXPECT_EQ(e->CurEventType, TwoBias);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("\"Cut\"")));
-    EXPECT_EQ(e->SelType->currentRow(), TwoBias);
 }
 
 // The editor shows the main window's unsaved painting and leaves it as it
@@ -463,15 +453,33 @@ TEST_F(EventEditTest, AListMustLieWhollyInsideTheRom) {
     EXPECT_TRUE(warning.contains(QStringLiteral("\"Beyond\""))) << warning.toStdString();
 }
 
-TEST_F(EventEditTest, BrokenEventFilesKeepTheWindowShut) {
+TEST_F(EventEditTest, ABrokenTypeIsUnusableAloneAndBrokenFilesKeepTheWindowShut) {
+    // Type 0 with its list in column 9: the window opens on the map alone.
+    std::vector<Fixture::EventType> types = Project.EventTypes;
+    types[Plain].ListColumn = 9;
+    const QString typesPath = PathOf(QString::fromLatin1(Fixture::EventTypesFile));
+    ASSERT_TRUE(Fixture::WriteFile(typesPath, Fixture::EventTypesFileText(types)));
+    EventEdit* e = Open(Meadow);
+    ASSERT_NE(e, nullptr);
+    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("\"Plain\"")));
+    EXPECT_EQ(VisibleSymbols(e), 0);
+    EXPECT_FALSE(e->PictureNum->isVisibleTo(e));
+    PressCell(e, 0, 0, 0);
+    EXPECT_FALSE(e->EventsChanged);
+    Go(e, Sixteen);  // the other types stay usable
+    EXPECT_EQ(e->EventCount, 32);
+    Go(e, Plain);  // its row is told, not its empty list
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 2);
+    EXPECT_EQ(Script.Count(NoEvents), 0);
+    EXPECT_EQ(e->CurEventType, Sixteen);
+    ASSERT_TRUE(Close(e));
+    Script.Clear();
+
     const QString events = PathOf(QString::fromLatin1(Fixture::EventsFile));
     ASSERT_TRUE(Fixture::WriteFile(events, "h\nh\n300,0,0,0,0,0,0,0,0,0\n"));
     EXPECT_EQ(Open(Town), nullptr);
     ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Events.twy")));
     EXPECT_TRUE(Form->isVisible());
-    ASSERT_TRUE(QFile::remove(PathOf(QString::fromLatin1(Fixture::EventTypesFile))));
-    EXPECT_EQ(Open(Town), nullptr);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 2);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("EventTypes.twy")));
 }

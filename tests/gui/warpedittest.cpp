@@ -304,13 +304,14 @@ TEST_F(WarpEditTest, AFieldOutsideAByteIsRefusedAndNothingIsWritten) {
     WarpEdit* w = Open();
     ASSERT_NE(w, nullptr);
     const QByteArray before = ReadFile(Defines.RomPath);
-    w->ToMap->setText(QStringLiteral("300"));
+    // Beyond a byte, even beyond a double.
+    w->ToMap->setText(QStringLiteral("1e999"));
     Save(w);
     ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Warp 0")));
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Warp-To Map")));
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);  // refused before the backup
-    EXPECT_EQ(w->ToMap->text(), QStringLiteral("300"));
+    EXPECT_EQ(w->ToMap->text(), QStringLiteral("1e999"));
 
     // An x that falls below the map's offset of 2.
     w->ToMap->setText(QStringLiteral("6"));

@@ -204,8 +204,11 @@ TEST_F(WildEditTest, TypedLevelsFollowTheNumberRule) {
         EXPECT_EQ(w->MorlLevel[3]->text(), QStringLiteral("Level %1").arg(s.level));
     }
     // Pasted whole, as a user may: a sign and an exponent read as numbers.
-    for (const auto& [text, box, level] :
-         {std::tuple{"-1", "0", 0}, {" 7 ", "7", 7}, {"1e2", "1e2", 100}, {"-0.5", "0", 0}}) {
+    for (const auto& [text, box, level] : {std::tuple{"-1", "0", 0},
+                                           {" 7 ", "7", 7},
+                                           {"1e2", "1e2", 100},
+                                           {"-0.5", "0", 0},
+                                           {"1e999", "255", 255}}) {
         w->SelLevel->selectAll();
         w->SelLevel->insert(QString::fromLatin1(text));
         EXPECT_EQ(w->SelLevel->text(), QString::fromLatin1(box)) << text;

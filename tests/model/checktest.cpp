@@ -105,6 +105,12 @@ Fixture::EventAddresses& EventRow(SmallProject& project, int map) {
     return project.EventLists.back();
 }
 
+void Append(const QString& folder, const char* file, const QByteArray& text) {
+    QFile f(QDir(folder).filePath(QLatin1String(file)));
+    ASSERT_TRUE(f.open(QIODevice::Append));
+    f.write(text);
+}
+
 // Where a finding lies: file, row and column.
 using Cell = std::tuple<std::string, int, int>;
 
@@ -182,7 +188,8 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
     const struct {
         const char* fault;
         std::function<void(SmallProject&)> plant;
-        std::multiset<Cell> expected;  // empty: the folder is sound
+        std::multiset<Cell> expected;                    // empty: the folder is sound
+        std::function<void(const QString&)> spoil = {};  // a change to the written folder
     } cases[] = {
         // Tileset rows.
         {"last block above 255",
@@ -319,6 +326,19 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
              p.Species.push_back({0x04, QStringLiteral("Fern again"), 4});
          },
          {{Morlick, 3, 0}}},
+        {"records after the count",
+         [](SmallProject&) {},
+         {{Morlick, 3, -1}},
+         [](const QString& folder) { Append(folder, Fixture::MorlickFile, "04,\"Extra\",4\n"); }},
+        // Tiles.png, which the editor cannot start without.
+        {"a tile bank too small for 520 pictures",
+         [](SmallProject&) {},
+         {{"Tiles.png", -1, -1}},
+         [](const QString& folder) {
+             Fixture::IndexTileBank()
+                 .copy(0, 0, 256, 512)
+                 .save(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)));
+         }},
         // EventTypes.twy.
         {"a record size above 16",
          [](SmallProject& p) { p.EventTypes[Signs].RecordSize = 17; },
@@ -365,31 +385,15 @@ TEST_F(CheckFolder, EachPlantedFaultIsReportedAtItsCellAndNothingElse) {
         SCOPED_TRACE(c.fault);
         SmallProject project = SoundProject();
         c.plant(project);
-        const Check::CheckReport report = Run(project);
+        const Check::CheckReport report = Run(project, c.spoil);
         EXPECT_TRUE(report.Unreadables.empty()) << Describe(report);
         EXPECT_EQ(Cells(report), c.expected) << Describe(report);
         EXPECT_EQ(report.ExitStatus(), c.expected.empty() ? 0 : 1);
         for (const auto& f : report.Findings) {
             EXPECT_FALSE(f.What.isEmpty());
-            EXPECT_FALSE(f.ColumnName.isEmpty());
+            EXPECT_EQ(f.ColumnName.isEmpty(), f.Column < 0);
         }
     }
-}
-
-TEST_F(CheckFolder, AFindingNamesTheMapTheColumnAndThePositionsInWords) {
-    SmallProject project = SoundProject();
-    const int romSize = project.Rom.Size();
-    project.Map(Oak).GridPos = romSize - 2;
-    const Check::CheckReport report = Run(project);
-    ASSERT_EQ(report.Findings.size(), 1u) << Describe(report);
-    const Check::Finding& f = report.Findings.front();
-    EXPECT_EQ(f.Name, QStringLiteral("Oak"));
-    EXPECT_EQ(f.ColumnName, QStringLiteral("grid position"));
-    EXPECT_EQ(f.What, QStringLiteral("The grid (4 bytes, positions %1 to %2) would reach past the "
-                                     "end of MorlickRed.gb, which has %3 bytes.")
-                          .arg(romSize - 2)
-                          .arg(romSize + 1)
-                          .arg(romSize));
 }
 
 TEST_F(CheckFolder, FilesThatCannotBeReadGiveStatus2AndTheRestIsStillChecked) {
@@ -414,12 +418,6 @@ TEST_F(CheckFolder, FilesThatCannotBeReadGiveStatus2AndTheRestIsStillChecked) {
                                 "head\nmark\n\"All\",250,7\n");
          },
          "Maps.twy"},
-        {"a tileset file that ends inside a record",
-         [](const QString& folder) {
-             Fixture::WriteFile(QDir(folder).filePath(QLatin1String(Fixture::TilesetFileRed)),
-                                "head\n\"A\",\"B\",93\n");
-         },
-         "TilesetsR.twy"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.fault);
@@ -486,14 +484,21 @@ CommandResult RunCommand(const QStringList& arguments) {
 
 TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     SmallProject project = SoundProject();
-    project.Map(Deep).Cols = 0;
+    const int romSize = project.Rom.Size();
+    project.Map(Oak).GridPos = romSize - 2;
     Run(project);
     const QString folder = QFileInfo(RomPath).path();
 
+    // The map, the column and the positions in words.
     const CommandResult text = RunCommand({folder, RomPath});
     EXPECT_EQ(text.Status, 1);
-    EXPECT_EQ(text.Out, QStringLiteral("Maps.twy, row 4 \"Deep\", column 7 (width): The map is 0 "
-                                       "blocks wide, but a map is 1 to 255 blocks wide.\n"));
+    EXPECT_EQ(text.Out, QStringLiteral("Maps.twy, row %1 \"Oak\", column 2 (grid position): The "
+                                       "grid (4 bytes, positions %2 to %3) would reach past the "
+                                       "end of MorlickRed.gb, which has %4 bytes.\n")
+                            .arg(Oak)
+                            .arg(romSize - 2)
+                            .arg(romSize + 1)
+                            .arg(romSize));
 
     const CommandResult json = RunCommand({QStringLiteral("--json"), folder, RomPath});
     EXPECT_EQ(json.Status, 1);
@@ -505,11 +510,26 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     ASSERT_EQ(findings.size(), 1);
     const QJsonObject finding = findings[0].toObject();
     EXPECT_EQ(finding[QStringLiteral("file")].toString(), QStringLiteral("Maps.twy"));
-    EXPECT_EQ(finding[QStringLiteral("row")].toInt(), Deep);
-    EXPECT_EQ(finding[QStringLiteral("name")].toString(), QStringLiteral("Deep"));
-    EXPECT_EQ(finding[QStringLiteral("column")].toInt(), 7);
-    EXPECT_EQ(finding[QStringLiteral("columnName")].toString(), QStringLiteral("width"));
-    EXPECT_TRUE(finding[QStringLiteral("message")].toString().contains(QStringLiteral("0 blocks")));
+    EXPECT_EQ(finding[QStringLiteral("row")].toInt(), Oak);
+    EXPECT_EQ(finding[QStringLiteral("name")].toString(), QStringLiteral("Oak"));
+    EXPECT_EQ(finding[QStringLiteral("column")].toInt(), 2);
+    EXPECT_EQ(finding[QStringLiteral("columnName")].toString(), QStringLiteral("grid position"));
+    EXPECT_TRUE(finding[QStringLiteral("message")].toString().contains(QStringLiteral("past")));
+
+    // Without the tile bank the editor would not start: a finding of the
+    // file as a whole, in the editor's words.
+    QFile::remove(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)));
+    const CommandResult noBank = RunCommand({QStringLiteral("--json"), folder, RomPath});
+    EXPECT_EQ(noBank.Status, 1);
+    const QJsonObject bank = QJsonDocument::fromJson(noBank.Out.toUtf8())
+                                 .object()[QStringLiteral("findings")]
+                                 .toArray()
+                                 .last()
+                                 .toObject();
+    EXPECT_EQ(bank[QStringLiteral("file")].toString(), QStringLiteral("Tiles.png"));
+    EXPECT_TRUE(bank[QStringLiteral("row")].isNull());
+    EXPECT_TRUE(bank[QStringLiteral("message")].toString().startsWith(
+        QStringLiteral("The tile picture bank \"Tiles.png\" could not be read")));
 
     QFile::remove(RomPath);
     const CommandResult missing = RunCommand({QStringLiteral("--json"), folder, RomPath});

@@ -44,9 +44,12 @@ Finding ListCell(const SharedFiles& files, int map, int column) {
 }
 
 Finding SpeciesCell(const SharedFiles& files, int record, int column) {
+    const auto& records = files.Species.Records;
     return Cell(QStringLiteral("Morlick.twy"), record,
-                files.Species.Records[static_cast<size_t>(record)].Name, column,
-                SpeciesColumnName(column));
+                record < static_cast<int>(records.size())
+                    ? records[static_cast<size_t>(record)].Name
+                    : QString(),
+                column, SpeciesColumnName(column));
 }
 
 QString MapLabel(const SharedFiles& files, int map) {

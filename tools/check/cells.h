@@ -15,7 +15,8 @@ Finding MapCell(const SharedFiles& files, int map, int column);
 Finding TypeCell(const SharedFiles& files, int type, int column);
 // A cell of Events.twy, whose rows are the map rows.
 Finding ListCell(const SharedFiles& files, int map, int column);
-// A cell of Morlick.twy, whose rows are its records in the order of the file.
+// A cell of Morlick.twy, whose rows are its records in the order of the file;
+// a row past the count has no name.
 Finding SpeciesCell(const SharedFiles& files, int record, int column);
 
 // "map 3 \"Elm\"", for findings about another cell.

@@ -17,6 +17,7 @@ int FileOrder(const QString& file) {
         QStringLiteral("TilesetsR.twy"),  QStringLiteral("TilesetsB.twy"),
         QStringLiteral("Maps.twy"),       QStringLiteral("Morlick.twy"),
         QStringLiteral("EventTypes.twy"), QStringLiteral("Events.twy"),
+        QStringLiteral("Tiles.png"),
     };
     const qsizetype at = order.indexOf(file);
     return at < 0 ? static_cast<int>(order.size()) : static_cast<int>(at);
@@ -71,6 +72,7 @@ CheckReport CheckFolder(const QString& folder, const std::vector<VersionRom>& ve
     std::vector<Finding> all;
     if (shared->MapsRead) CheckCategories(*shared, all);
     if (shared->SpeciesRead) CheckSpeciesFile(*shared, all);
+    CheckTileBank(folder, all);
     if (shared->EventTypesRead) CheckEventTypes(*shared, all);
     if (shared->MapsRead && shared->EventTypesRead && shared->EventListsRead)
         CheckEventCounts(*shared, all);

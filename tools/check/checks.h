@@ -16,6 +16,8 @@ void CheckCategories(const SharedFiles& files, std::vector<Finding>& out);
 void CheckEventTypes(const SharedFiles& files, std::vector<Finding>& out);
 void CheckEventCounts(const SharedFiles& files, std::vector<Finding>& out);
 void CheckSpeciesFile(const SharedFiles& files, std::vector<Finding>& out);
+// The tile bank, Tiles.png, which the editor needs to start.
+void CheckTileBank(const QString& folder, std::vector<Finding>& out);
 
 // Of one version: its tileset file, and the maps and event lists in its ROM.
 // The areas need the ROM read; a version without it gets only the checks of

@@ -46,6 +46,13 @@ void CheckSpeciesFile(const SharedFiles& files, std::vector<Finding>& out) {
         else
             byCode[record.Code] = r;
     }
+    if (species.ExtraLine > 0)
+        out.push_back(Found(SpeciesCell(files, species.Count, -1),
+                            QStringLiteral("The file goes on after the %1 species its first "
+                                           "number announces (from line %2): the wild editor "
+                                           "does not read these records.")
+                                .arg(species.Count)
+                                .arg(species.ExtraLine)));
 }
 
 }  // namespace Check

@@ -158,6 +158,9 @@ int main(int argc, char** argv) {
     VersionSelect* version = Program::VersionSelectForm();
     if (!version) return 1;
     Shoot(version, QStringLiteral("versionselect"));
+    // The first window on a bare display can come out black: its own
+    // rendering is saved beside it.
+    version->grab().save(QDir(Out).filePath(QStringLiteral("versionselect-window.png")));
     version->Command1_Click();
     // The splash is up for a moment only, until its timer ticks: its own
     // rendering is saved instead of the screen.
@@ -167,6 +170,13 @@ int main(int argc, char** argv) {
     if (!form) return 1;
     Shoot(form, QStringLiteral("main-first-map"));
 
+    // The map whose comment is longest fills the comment's label.
+    int longest = 0;
+    for (int r = 0; r < Limits::TableRows; ++r)
+        longest = std::max(longest, static_cast<int>(Defines.MapTable[r][MapNote].ToText().size()));
+    if (GoToMap(form,
+                [longest](const auto& row) { return row[MapNote].ToText().size() == longest; }))
+        Shoot(form, QStringLiteral("map-longest-comment"));
     if (GoToMapOfSize(form, 1, 1)) Shoot(form, QStringLiteral("map-1x1"));
     if (GoToMapOfSize(form, 9, 6)) {
         Shoot(form, QStringLiteral("map-9x6"));
