@@ -22,8 +22,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool loaded = LoadEventsFile(Path, content, *table, error);
 
     // What the records of the stream make of the table.
-    const std::vector<Field> fields = FieldStream(content, HeaderLines);
-    bool whole = fields.size() % EventAddressColumns == 0;
+    bool quoteLeftOpen = false;
+    const std::vector<Field> fields = FieldStream(content, HeaderLines, &quoteLeftOpen);
+    bool whole = !quoteLeftOpen && fields.size() % EventAddressColumns == 0;
     std::vector<int> lastRecordOf(Limits::TableRows, -1);
     for (std::size_t start = 0; whole && start < fields.size(); start += EventAddressColumns) {
         const Field& row = fields[start];

@@ -3,7 +3,7 @@
 #include "core/fieldreader.h"
 #include "fuzz/fuzzinput.h"
 
-std::vector<Field> FieldStream(const QByteArray& content, int headerLines) {
+std::vector<Field> FieldStream(const QByteArray& content, int headerLines, bool* quoteLeftOpen) {
     FieldReader reader(content);
     for (int i = 0; i < headerLines; ++i)
         reader.SkipLine();
@@ -14,5 +14,6 @@ std::vector<Field> FieldStream(const QByteArray& content, int headerLines) {
         // Every field takes at least one character, or ends the text.
         FUZZ_CHECK(fields.size() <= static_cast<std::size_t>(content.size()) + 1);
     }
+    if (quoteLeftOpen) *quoteLeftOpen = reader.QuoteLeftOpenLine() != 0;
     return fields;
 }

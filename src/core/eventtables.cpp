@@ -76,8 +76,13 @@ bool LoadEventTypesFile(const QString& path, EventTypeTableT& table, std::int16_
 bool LoadEventTypesFile(const QString& path, const QByteArray& content, EventTypeTableT& table,
                         std::int16_t& lastType, QString& error) {
     FieldReader reader(content);
-    return DataFile::Finish(reader, ReadEventTypes(reader, path, table, lastType, error), path,
-                            error, EventsStop);
+    // The last type is told only of a file that was read whole.
+    std::int16_t last = 0;
+    if (!DataFile::Finish(reader, ReadEventTypes(reader, path, table, last, error), path, error,
+                          EventsStop))
+        return false;
+    lastType = last;
+    return true;
 }
 
 bool LoadEventsFile(const QString& path, EventAddressTableT& table, QString& error) {

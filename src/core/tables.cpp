@@ -85,7 +85,12 @@ bool ReadMaps(FieldReader& reader, const QString& path, CategoryTableT& categori
 bool LoadTilesetFile(const QString& path, const QByteArray& content, TilesetTableT& table,
                      QString& error, std::int16_t* lastRow) {
     FieldReader reader(content);
-    return DataFile::Finish(reader, ReadTilesets(reader, path, table, error, lastRow), path, error);
+    // The last row is told only of a file that was read whole.
+    std::int16_t last = -1;
+    if (!DataFile::Finish(reader, ReadTilesets(reader, path, table, error, &last), path, error))
+        return false;
+    if (lastRow) *lastRow = last;
+    return true;
 }
 
 bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& maps,
@@ -98,6 +103,11 @@ bool LoadMapsFile(const QString& path, CategoryTableT& categories, MapTableT& ma
 bool LoadMapsFile(const QString& path, const QByteArray& content, CategoryTableT& categories,
                   MapTableT& maps, std::int16_t& categoryCount, QString& error) {
     FieldReader reader(content);
-    return DataFile::Finish(reader, ReadMaps(reader, path, categories, maps, categoryCount, error),
-                            path, error);
+    // The count is told only of a file that was read whole.
+    std::int16_t count = 0;
+    if (!DataFile::Finish(reader, ReadMaps(reader, path, categories, maps, count, error), path,
+                          error))
+        return false;
+    categoryCount = count;
+    return true;
 }
