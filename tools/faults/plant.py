@@ -135,6 +135,8 @@ def build(build_dir, env, jobs):
 
 
 GTEST_FAILED = re.compile(r"^\[  FAILED  \] (\S+\.\S+)", re.M)
+GTEST_RUN = re.compile(r"^\[ RUN      \] (\S+\.\S+)", re.M)
+GTEST_OK = re.compile(r"^\[       OK \] (\S+\.\S+)", re.M)
 CTEST_FAILED = re.compile(r"^\s*\d+ - (\S+) \((.*)\)\s*$", re.M)
 
 
@@ -146,6 +148,9 @@ def run_tests(build_dir, env, timeout, regex):
     if code is None:
         return ["(the whole run timed out)"], out
     names = list(dict.fromkeys(GTEST_FAILED.findall(out)))
+    # A test that crashed the binary started and never ended.
+    ended = set(names) | set(GTEST_OK.findall(out))
+    names += [f"{n} (crashed)" for n in dict.fromkeys(GTEST_RUN.findall(out)) if n not in ended]
     tail = out.split("The following tests FAILED:", 1)
     for test, why in CTEST_FAILED.findall(tail[1] if len(tail) > 1 else ""):
         if why != "Failed" or not names:
@@ -227,7 +232,7 @@ def main():
     p.add_argument("--only", default="", help="comma-separated ids or id prefixes ending in '-' or '*'")
     p.add_argument("--build", default="build-faults", help="build folder (default build-faults)")
     p.add_argument("--jobs", type=int, default=2, help="parallel build jobs (default 2)")
-    p.add_argument("--timeout", type=int, default=600, help="seconds the tests may take per fault")
+    p.add_argument("--timeout", type=int, default=120, help="seconds each ctest test may take (default 120)")
     p.add_argument("--tests", default="", help="ctest -R regex: run only these ctest tests")
     p.add_argument("--out", type=Path, help="also write the table and summary to this file")
     p.add_argument("--log", type=Path, help="build and test output (default <build>/faults.log)")
