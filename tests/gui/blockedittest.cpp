@@ -23,7 +23,7 @@ Fixture::SmallProject BlockProject() {
         return (b + t) % 90 + 1;
     });
     project.AddTileset(1, 0, 100, [](int b, int t) {  // NarrowChooser: 96 tiles
-        if (b == 0 && t == 3) return 200;             // no chooser cell for it
+        if (b == 0 && t == 3) return 160;             // the first past the chooser
         if (b == 0 && t == 4) return 120;             // a hidden chooser cell
         return t + 1;
     });
@@ -288,20 +288,20 @@ TEST_F(BlockEditTest, TheChooserShowsOnlyTheTilesetsTiles) {
     EXPECT_EQ(editor->TileBorder->TopTwips(), 1200 + 7 * 240);
     EXPECT_EQ(editor->BigTile->Picture(0), nullptr);
 
-    // Place 3 holds tile 200, past the chooser: the tile is picked and named,
+    // Place 3 holds tile 160, the first past the chooser: the tile is picked and named,
     // there is no cell to frame, and the user hears it.
     PressCell(editor->Block, 3, Qt::RightButton);
-    EXPECT_EQ(editor->SelTile, 200);
-    EXPECT_EQ(editor->TileHex->text(), QStringLiteral("Tile Hex Value: C8"));
+    EXPECT_EQ(editor->SelTile, 160);
+    EXPECT_EQ(editor->TileHex->text(), QStringLiteral("Tile Hex Value: A0"));
     EXPECT_FALSE(editor->TileBorder->isVisible());
     EXPECT_EQ(editor->BigTile->Picture(0), nullptr);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Beep), 1);
     EXPECT_FALSE(editor->BlockChanged);
-    // Set into place 0, it draws as the map does and saves as byte 200.
+    // Set into place 0, it draws as the map does and saves as byte 160.
     PressCell(editor->Block, 0);
-    EXPECT_EQ(editor->Block->Picture(0), TilePicture(300));
+    EXPECT_EQ(editor->Block->Picture(0), TilePicture(260));
     Save(editor);
-    EXPECT_EQ(RomByte(Project.Tileset(NarrowChooser).BlockPos), 200);
+    EXPECT_EQ(RomByte(Project.Tileset(NarrowChooser).BlockPos), 160);
     // A chooser press brings the frame back.
     PressCell(editor->TileSel, 2);
     EXPECT_TRUE(editor->TileBorder->isVisible());

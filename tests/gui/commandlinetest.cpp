@@ -132,6 +132,7 @@ TEST(CommandLine, TheEditorAndEveryCommandFollowOneSetOfRules) {
          "1:1@7: 1 tile from position 1 into picture 7\n",
          ""},
         {render, {"--map", "0", "@bin", "@bin/MorlickRed.gb", "@tmp/maps"}, 0, "[1/1] ", ""},
+        {render, {"@bin", "@bin/MorlickRed.gb", "@tmp/last", "--map", "1"}, 0, "[1/1] ", ""},
     };
     for (const Case& c : cases) {
         const auto fill = [&](QString text) {

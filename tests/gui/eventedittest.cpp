@@ -246,6 +246,7 @@ TEST_F(EventEditTest, ABiasComesOffForTheViewAndGoesBackOnAPlacement) {
     Go(e, Sixteen);
     ASSERT_EQ(e->CurEventType, Sixteen);
     ASSERT_EQ(e->EventCount, 32);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Information), 0);  // a full list is no notice
     EXPECT_EQ(e->Events[31][15], 31 + 15);  // the largest list, fields 1 to 16
     EXPECT_TRUE(e->EventSym[0]->isVisibleTo(e));
     EXPECT_EQ(e->EventSym[0]->LeftTwips(), 120);   // stored x 4

@@ -49,3 +49,24 @@ TEST_F(WarpListTest, ObjectDataAtTheHighestPositionsIsRefusedWithoutOverflow) {
         EXPECT_FALSE(Rom.Failed());
     }
 }
+
+// A full list of sixteen is shown whole and without a word; one more is
+// shown as its first sixteen, with a notice that names the count.
+TEST_F(WarpListTest, SixteenEntriesAreAFullListAndSeventeenAreTold) {
+    const QString path = QDir(Dir.path()).filePath(QStringLiteral("large.gb"));
+    ASSERT_TRUE(Fixture::RomImage(256).Save(path));
+    RomFile rom;
+    ASSERT_TRUE(rom.Open(path));
+    Defines.MapTable[0][MapWarpToPos] = Field::Number(100);
+    for (const int given : {16, 17}) {
+        SCOPED_TRACE(given);
+        Defines.MapTable[0][MapWarpToCount] = Field::Number(given);
+        WarpTable rows{};
+        WarpListPlace place;
+        QString error;
+        ASSERT_TRUE(ReadWarpList(rom, 0, WarpMode::WarpTo, rows, place, error))
+            << error.toStdString();
+        EXPECT_EQ(place.Count, 16);
+        EXPECT_EQ(place.Notice.isEmpty(), given == 16) << place.Notice.toStdString();
+    }
+}

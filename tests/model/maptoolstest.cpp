@@ -100,6 +100,11 @@ TEST(MapTools, StepsChangeExactlyTheirSquaresAndUndoWhole) {
              return PaintStep(*m.Grid, LineSquares({1, 4}, {5, 1}), 0);
          },
          {"11110", "12002", "10121", "01113"}},
+        {"brush over squares that mostly hold the block already",
+         [](const Map& m) {
+             return PaintStep(*m.Grid, LineSquares({1, 1}, {5, 1}), 1);
+         },
+         {"11111", "12212", "12121", "21113"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
