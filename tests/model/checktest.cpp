@@ -541,14 +541,15 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     EXPECT_EQ(unreadable[0].toObject()[QStringLiteral("file")].toString(),
               QStringLiteral("MorlickRed.gb"));
 
-    // An overlap names its first and last shared positions, and an area of
-    // one byte is told as one.
+    // An overlap names its first and last shared positions, an area of one
+    // byte is told as one, and a map's size names its way.
     SmallProject shared = SoundProject();
     const Fixture::MapRow& elm = shared.Map(Elm);
     shared.Map(Deep).GridPos = elm.GridPos + 3;
     const int deepEnd = elm.GridPos + 3 + shared.Map(Deep).Rows * shared.Map(Deep).Cols;
     const int lastShared = std::min(elm.GridPos + elm.Rows * elm.Cols, deepEnd) - 1;
     shared.Map(Oak).ObjectPos = romSize;  // the warp count would follow the last byte
+    shared.Map(Oak).Rows = 0;
     Run(shared);
     const CommandResult told = RunCommand({QFileInfo(RomPath).path(), RomPath});
     EXPECT_EQ(told.Status, 1);
@@ -556,5 +557,8 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
         QStringLiteral("shares positions %1 to %2 with").arg(elm.GridPos + 3).arg(lastShared)))
         << told.Out.toStdString();
     EXPECT_TRUE(told.Out.contains(QStringLiteral("(1 byte, position %1)").arg(romSize + 1)))
+        << told.Out.toStdString();
+    EXPECT_TRUE(told.Out.contains(
+        QStringLiteral("The map is 0 blocks high, but a map is 1 to 255 blocks high.")))
         << told.Out.toStdString();
 }
