@@ -92,8 +92,10 @@ protected:
 
 // The cells of the editor's view, scrolled into the middle of a map, are the
 // same pixels as that part of the map's picture; the square whose byte lies
-// below the bias is among them.
-TEST_F(RenderCommandTest, PartOfAPictureIsTheEditorsViewPixelForPixel) {
+// below the bias is among them. With --border the same picture, to its last
+// row and column, stands in a ring of the editor's border block; a map
+// without object data has no border block and no ring.
+TEST_F(RenderCommandTest, PicturesAreTheEditorsViewAndBorderPixelForPixel) {
     MainForm* form = StartUp(Rom);
     ASSERT_NE(form, nullptr);
     GoTo(form, 0, WideField);
@@ -102,11 +104,27 @@ TEST_F(RenderCommandTest, PartOfAPictureIsTheEditorsViewPixelForPixel) {
     // Square (6, 5) stands in view slot 2 + 8 x 2.
     ASSERT_EQ(form->View->MapTile->Picture(16 * 18), Tiles::Bank().NoPicture());
 
-    const CommandResult result = Render({QStringLiteral("--map"), QStringLiteral("Wide Field")});
+    CommandResult result = Render({QStringLiteral("--map"), QStringLiteral("Wide Field")});
     ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
-    const QImage picture = Picture(QStringLiteral("000_Wide_Field.png"));
-    ASSERT_EQ(picture.size(), QSize(14 * 64, 10 * 64));
-    EXPECT_TRUE(SamePixels(picture.copy(3 * 64, 2 * 64, 8 * 64, 6 * 64), ViewCells(form->View)));
+    const QImage plain = Picture(QStringLiteral("000_Wide_Field.png"));
+    ASSERT_EQ(plain.size(), QSize(14 * 64, 10 * 64));
+    EXPECT_TRUE(SamePixels(plain.copy(3 * 64, 2 * 64, 8 * 64, 6 * 64), ViewCells(form->View)));
+
+    const QImage border = Rgb(form->BorderBlock->grab().toImage());
+    ASSERT_EQ(border.size(), QSize(64, 64));
+    result = Render({QStringLiteral("--border"), QStringLiteral("--map"), QStringLiteral("Land")});
+    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
+    const QImage ringed = Picture(QStringLiteral("000_Wide_Field.png"));
+    ASSERT_EQ(ringed.size(), QSize(16 * 64, 12 * 64));
+    EXPECT_TRUE(SamePixels(ringed.copy(64, 64, 14 * 64, 10 * 64), plain));
+    for (const QPoint block : {QPoint(0, 0), QPoint(15, 0), QPoint(0, 11), QPoint(15, 11),
+                               QPoint(7, 0), QPoint(0, 5), QPoint(15, 6), QPoint(9, 11)})
+        EXPECT_TRUE(SamePixels(ringed.copy(block.x() * 64, block.y() * 64, 64, 64), border))
+            << "ring block " << block.x() << ", " << block.y();
+
+    EXPECT_EQ(Picture(QStringLiteral("001_Hut.png")).size(), QSize(3 * 64, 2 * 64));
+    EXPECT_TRUE(result.Out.contains(QStringLiteral("001_Hut.png  3 x 2 blocks, no border block")))
+        << result.Out.toStdString();
 }
 
 // The demo's tile bank has few colours, so its pictures are written with a
@@ -134,38 +152,12 @@ TEST_F(RenderCommandTest, DemoPictureInIndexedColoursIsTheEditorsView) {
     EXPECT_TRUE(SamePixels(Rgb(file).copy(4 * 64, 3 * 64, 8 * 64, 6 * 64), ViewCells(form->View)));
 }
 
-// With --border the map stands in a ring of its border block, each block of
-// the ring the editor's border cells; a map without object data has no
-// border block and no ring.
-TEST_F(RenderCommandTest, BorderRingIsTheEditorsBorderBlock) {
-    MainForm* form = StartUp(Rom);
-    ASSERT_NE(form, nullptr);
-    GoTo(form, 0, WideField);
-    const QImage border = Rgb(form->BorderBlock->grab().toImage());
-    ASSERT_EQ(border.size(), QSize(64, 64));
-
-    const CommandResult result =
-        Render({QStringLiteral("--border"), QStringLiteral("--map"), QStringLiteral("Land")});
-    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
-    const QImage picture = Picture(QStringLiteral("000_Wide_Field.png"));
-    ASSERT_EQ(picture.size(), QSize(16 * 64, 12 * 64));
-    for (const QPoint block : {QPoint(0, 0), QPoint(15, 0), QPoint(0, 11), QPoint(15, 11),
-                               QPoint(7, 0), QPoint(0, 5), QPoint(15, 6), QPoint(9, 11)})
-        EXPECT_TRUE(SamePixels(picture.copy(block.x() * 64, block.y() * 64, 64, 64), border))
-            << "ring block " << block.x() << ", " << block.y();
-    EXPECT_TRUE(SamePixels(picture.copy(64, 64, 8 * 64, 6 * 64), ViewCells(form->View)));
-
-    EXPECT_EQ(Picture(QStringLiteral("001_Hut.png")).size(), QSize(3 * 64, 2 * 64));
-    EXPECT_TRUE(result.Out.contains(QStringLiteral("001_Hut.png  3 x 2 blocks, no border block")))
-        << result.Out.toStdString();
-}
-
 // With --marks every warp, warp-to point and event that an editor shows has
-// the editor's own symbol at the editor's place over the map; a warp beyond
-// the picture is counted.
+// the editor's own symbol at the editor's place over the map, inside the
+// ring of --border; a warp beyond the picture is counted.
 TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
-    const CommandResult result =
-        Render({QStringLiteral("--marks"), QStringLiteral("--map"), QString::number(WideField)});
+    const CommandResult result = Render({QStringLiteral("--marks"), QStringLiteral("--border"),
+                                         QStringLiteral("--map"), QString::number(WideField)});
     ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
     EXPECT_TRUE(result.Out.contains(QStringLiteral("10 marks (1 outside the picture)")))
         << result.Out.toStdString();
@@ -174,13 +166,14 @@ TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
     MainForm* form = StartUp(Rom);
     ASSERT_NE(form, nullptr);
     GoTo(form, 0, WideField);
-    // The symbols lie over the view, whose top left corner is the map's.
+    // The symbols lie over the view, whose top left corner is the map's, one
+    // block in from the picture's corner.
     int compared = 0;
     const auto compare = [&](PlacementView* placement, int count, const QPixmap& symbol) {
         const QPoint corner = placement->View->MapTile->pos();
         for (int i = 0; i < count; ++i) {
             if (!placement->Sym[i]->isVisibleTo(placement->Sym[i]->parentWidget())) continue;
-            const QPoint at = placement->Sym[i]->pos() - corner;
+            const QPoint at = placement->Sym[i]->pos() - corner + QPoint(64, 64);
             EXPECT_TRUE(SamePixels(picture.copy(QRect(at, symbol.size())), Rgb(symbol.toImage())))
                 << "symbol " << i << " at " << at.x() << ", " << at.y();
             ++compared;

@@ -157,41 +157,18 @@ TEST_F(StartupTest, AVanishedRomIsToldOnGoAndTheLoadedMapStays) {
     EXPECT_EQ(Script.Count(QStringLiteral("Exit without saving the changes you have made?")), 1);
 }
 
-TEST_F(StartupTest, FileOpenRunsStartUpAgainWithTheEarlierVersionChosen) {
-    Fixture::SmallProject project = TwoTilesetProject();
-    const QString rom = project.Write(Folder());
-    // The Blue tileset file names the second tileset's blocks as tileset 0.
-    std::vector<Fixture::TilesetRow> blue = {project.Tilesets[1], project.Tilesets[0]};
-    ASSERT_TRUE(Fixture::WriteFile(PathOf(QStringLiteral("TilesetsB.twy")),
-                                   Fixture::TilesetFileText(blue)));
-    MainForm* form = StartUp(rom, 1);
-    ASSERT_NE(form, nullptr);
-    EXPECT_EQ(Defines.BlockTiles[0][0], 50);
-    Script.ChooseFile(rom);
-    form->mnuOpen->trigger();
-    EXPECT_FALSE(form->isVisible());
-    VersionSelect* version = Program::VersionSelectForm();
-    ASSERT_NE(version, nullptr);
-    EXPECT_TRUE(version->isVisible());
-    EXPECT_EQ(version->VersionList->currentRow(), 1);
-    version->Command1_Click();  // no new click on the list
-    EXPECT_EQ(version->TilesetFile, QStringLiteral("TilesetsB.twy"));
-    Program::SplashForm()->Timer1_Timer();
-    MainForm* second = Program::MainWindow();
-    ASSERT_NE(second, nullptr);
-    EXPECT_NE(second, form);
-    EXPECT_FALSE(second->mnuUndo->isEnabled());
-    // No exit question came from taking the first window down.
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
-}
-
 // With changes made, File Open asks first: No keeps the window and its
 // changes. A Cancel in the dialog, a closed version question, or a ROM that
-// cannot be read all come back to the ROM open before, as it was.
+// cannot be read all come back to the ROM open before, as it was. A File
+// Open that goes through runs start-up again with the earlier version chosen.
 TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
     Fixture::SmallProject project = TwoTilesetProject();
     const QString rom = project.Write(Folder());
-    MainForm* form = StartUp(rom);
+    // The Blue tileset file names the second tileset's blocks as tileset 0.
+    ASSERT_TRUE(
+        Fixture::WriteFile(PathOf(QStringLiteral("TilesetsB.twy")),
+                           Fixture::TilesetFileText({project.Tilesets[1], project.Tilesets[0]})));
+    MainForm* form = StartUp(rom, 1);
     ASSERT_NE(form, nullptr);
     GoTo(form, 0, 1);
     PressCell(form->View->MapTile, 0);
@@ -236,4 +213,21 @@ TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
     form->mnuSave->trigger();
     EXPECT_FALSE(form->MapChanged);
     EXPECT_EQ(ReadFile(rom).at(project.Map(1).GridPos - 1), 0);
+
+    const int questions = Script.Count(ScriptedDialogs::Kind::Question);
+    Script.ChooseFile(rom);
+    form->mnuOpen->trigger();
+    EXPECT_FALSE(form->isVisible());
+    VersionSelect* version = Program::VersionSelectForm();
+    EXPECT_EQ(version->VersionList->currentRow(), 1);
+    version->Command1_Click();  // no new click on the list
+    EXPECT_EQ(version->TilesetFile, QStringLiteral("TilesetsB.twy"));
+    Program::SplashForm()->Timer1_Timer();
+    MainForm* second = Program::MainWindow();
+    ASSERT_NE(second, nullptr);
+    EXPECT_NE(second, form);
+    EXPECT_EQ(Defines.BlockTiles[0][0], 50);
+    EXPECT_FALSE(second->mnuUndo->isEnabled());
+    // Nothing was unsaved, and taking the first window down asked nothing.
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), questions);
 }

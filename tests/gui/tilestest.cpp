@@ -29,23 +29,6 @@ TEST(TileBankTest, AMissingOrTooSmallBankIsNamedAndLeavesTheBankAsItWas) {
     EXPECT_EQ(Tiles::Bank().IsLoaded(), loadedBefore);
 }
 
-TEST(TileBankTest, PicturesAreCutFromTheAtlasByIndex) {
-    QTemporaryDir dir;
-    const QImage atlas = Fixture::IndexTileBank();
-    ASSERT_TRUE(atlas.save(dir.filePath(QStringLiteral("Tiles.png"))));
-    QString error;
-    ASSERT_TRUE(Tiles::Bank().Load(dir.filePath(QStringLiteral("Tiles.png")), error));
-    for (int i : {0, 15, 16, 423, 424, 519}) {
-        const QImage picture = TilePicture(i)->toImage();
-        EXPECT_EQ(picture.size(), QSize(16, 16));
-        EXPECT_EQ(picture.pixel(0, 0), qRgb(i % 256, i / 256, 7)) << i;
-        EXPECT_EQ(picture.pixel(15, 15), qRgb(i % 256, i / 256, 7)) << i;
-    }
-    EXPECT_EQ(TilePicture(520), Tiles::Bank().NoPicture());
-    EXPECT_EQ(TilePicture(-1), Tiles::Bank().NoPicture());
-    EXPECT_EQ(TilePicture(32767), Tiles::Bank().NoPicture());
-}
-
 TEST(CellArrayTest, PressesDecodeToTheCellUnderThePointerAndNeverWrap) {
     QWidget parent;
     CellArray cells(&parent, 8, 6, 255);
@@ -69,9 +52,10 @@ TEST(CellArrayTest, PressesDecodeToTheCellUnderThePointerAndNeverWrap) {
     EXPECT_EQ(spy.count(), 1);
 }
 
-// What the widget puts on the screen: each visible cell shows its picture
-// unscaled at its place, a hidden cell or one without a picture shows the
-// background, and a changed picture shows at the next paint.
+// What the widget puts on the screen: each visible cell shows its picture of
+// the bank, cut by its index, unscaled at its place; a hidden cell or one
+// without a picture shows the background, and a changed picture shows at the
+// next paint. An index outside the bank has the "no picture" picture.
 TEST(CellArrayTest, PaintsEachVisibleCellsPictureAtItsPlace) {
     QTemporaryDir dir;
     ASSERT_TRUE(Fixture::IndexTileBank().save(dir.filePath(QStringLiteral("Tiles.png"))));
@@ -91,6 +75,9 @@ TEST(CellArrayTest, PaintsEachVisibleCellsPictureAtItsPlace) {
     const auto colourOf = [](int index) { return qRgb(index % 256, index / 256, 7); };
 
     QImage shot = parent.grab().toImage();
+    EXPECT_EQ(TilePicture(520), Tiles::Bank().NoPicture());
+    EXPECT_EQ(TilePicture(-1), Tiles::Bank().NoPicture());
+    EXPECT_EQ(TilePicture(32767), Tiles::Bank().NoPicture());
     for (int i : {0, 3, 4, 15, 16, 17, 63}) {
         SCOPED_TRACE(i);
         const QRect rect = cells.CellRect(i);
@@ -106,9 +93,9 @@ TEST(CellArrayTest, PaintsEachVisibleCellsPictureAtItsPlace) {
     EXPECT_EQ(cells.CellRect(16).topLeft(), QPoint(64, 0));
     EXPECT_EQ(cells.CellRect(32).topLeft(), QPoint(0, 64));
 
-    cells.SetPicture(17, TilePicture(400));
+    cells.SetPicture(17, TilePicture(519));
     cells.SetCellVisible(5, true);
     shot = parent.grab().toImage();
-    EXPECT_EQ(shot.pixel(cells.CellRect(17).topLeft() + QPoint(8, 8)), colourOf(400));
+    EXPECT_EQ(shot.pixel(cells.CellRect(17).topLeft() + QPoint(15, 15)), colourOf(519));
     EXPECT_EQ(shot.pixel(cells.CellRect(5).topLeft() + QPoint(8, 8)), colourOf(5));
 }
