@@ -44,10 +44,13 @@ Fixture::SmallProject RenderProject() {
     project.AddMap(caves, QStringLiteral("Broken"), 4, 4, 1, [](int, int) { return 1; });
     project.Map(Broken).GridPos = 128 * 1024 - 7;
 
-    // The marks, in the editors' coordinates: stored less the offsets 2 and 1.
+    // The marks: the editors add the offsets 2 and 1 to the stored squares.
     project.Map(WideField).XShift = 2;
     project.Map(WideField).YShift = 1;
-    project.AddWarps(WideField, {{1, 2, 0, 0}, {6, 9, 1, 1}, {9, 0, 2, 2}, {0, 200, 3, 3}});
+    // The last warp stands on the map's last square, its symbol reaching a
+    // pixel past the picture's edge without lying outside it.
+    project.AddWarps(WideField,
+                     {{1, 2, 0, 0}, {6, 9, 1, 1}, {9, 0, 2, 2}, {0, 200, 3, 3}, {18, 25, 4, 4}});
     project.AddWarpTo(WideField, {{Fixture::EventPlacement(14, 1, 1, 0), 3, 4},
                                   {Fixture::EventPlacement(14, 6, 4, 0), 8, 11}});
     // A plain type, and one whose stored coordinates carry a bias of 4.
@@ -156,11 +159,14 @@ TEST_F(RenderCommandTest, DemoPictureInIndexedColoursIsTheEditorsView) {
 // the editor's own symbol at the editor's place over the map, inside the
 // ring of --border; a warp beyond the picture is counted.
 TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
-    const CommandResult result = Render({QStringLiteral("--marks"), QStringLiteral("--border"),
-                                         QStringLiteral("--map"), QString::number(WideField)});
+    CommandResult result =
+        Render({QStringLiteral("--marks"), QStringLiteral("--map"), QString::number(WideField)});
     ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
-    EXPECT_TRUE(result.Out.contains(QStringLiteral("10 marks (1 outside the picture)")))
+    EXPECT_TRUE(result.Out.contains(QStringLiteral("11 marks (1 outside the picture)")))
         << result.Out.toStdString();
+    result = Render({QStringLiteral("--marks"), QStringLiteral("--border"), QStringLiteral("--map"),
+                     QString::number(WideField)});
+    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
     const QImage picture = Picture(QStringLiteral("000_Wide_Field.png"));
 
     MainForm* form = StartUp(Rom);

@@ -89,7 +89,9 @@ TEST(CellArrayTest, PaintsEachVisibleCellsPictureAtItsPlace) {
     const QRgb background = qRgb(1, 2, 3);
     EXPECT_EQ(shot.pixel(cells.CellRect(5).topLeft() + QPoint(4, 4)), background);
     EXPECT_EQ(shot.pixel(cells.CellRect(6).topLeft() + QPoint(4, 4)), background);
-    // Slot 1 lies to the right of slot 0, slot 2 below it.
+    // A slot holds its 16 cells in rows of four; slot 1 lies to the right of
+    // slot 0, slot 2 below it.
+    EXPECT_EQ(cells.CellRect(7).topLeft(), QPoint(48, 16));
     EXPECT_EQ(cells.CellRect(16).topLeft(), QPoint(64, 0));
     EXPECT_EQ(cells.CellRect(32).topLeft(), QPoint(0, 64));
 
