@@ -320,11 +320,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          [romSize](SmallProject& p) { p.Map(Deep).WildPos = romSize - 18; },
          {pastEnd("Maps.twy, row 4 \"Deep\", column 16 (wild position)", "The wild list", 20,
                   romSize - 18)}},
-        {"two maps share a wild list",
-         [&](SmallProject& p) { p.Map(Deep).WildPos = map(Elm).WildPos; },
-         {shares("Maps.twy, row 4 \"Deep\", column 16 (wild position)", "The wild list",
-                 map(Elm).WildPos, map(Elm).WildPos + 19, map(Elm).WildPos, map(Elm).WildPos + 19,
-                 "the wild list of map 0 \"Elm\" (Maps.twy, row 0)")}},
         {"a species code that Morlick.twy does not name",
          [&](SmallProject& p) { p.Rom.PutByte(map(Deep).WildPos + 7, 0x7F); },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 16 (wild position): The wild list at "
@@ -491,56 +486,38 @@ CommandResult RunCommand(const QStringList& arguments) {
 
 TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
     SmallProject project = SoundProject();
-    const int romSize = project.Rom.Size();
-    project.Map(Oak).GridPos = romSize - 2;
+    project.Map(Oak).Rows = 0;
     Run(project);
-
-    const QString line = QStringLiteral(
-                             "Maps.twy, row %1 \"Oak\", column 2 (grid position): The grid (4 "
-                             "bytes, positions %2 to %3) would reach past the end of "
-                             "MorlickRed.gb, which has %4 bytes.\n")
-                             .arg(Oak)
-                             .arg(romSize - 2)
-                             .arg(romSize + 1)
-                             .arg(romSize);
-    const CommandResult text = RunCommand({Folder, RomPath});
+    const QString message =
+        QStringLiteral("The map is 0 blocks high, but a map is 1 to 255 blocks high.");
+    const CommandResult text = RunCommand({QStringLiteral("--verbose"), Folder, RomPath});
     EXPECT_EQ(text.Status, 1);
-    EXPECT_EQ(text.Out, line);
-    const CommandResult verbose = RunCommand({QStringLiteral("--verbose"), Folder, RomPath});
-    EXPECT_EQ(verbose.Out, line + QStringLiteral("Checked %1 against MorlickRed.gb (red): 1 "
-                                                 "finding.\n")
-                                      .arg(Folder));
+    EXPECT_EQ(text.Out, QStringLiteral("Maps.twy, row 1 \"Oak\", column 5 (height): %1\nChecked %2 "
+                                       "against MorlickRed.gb (red): 1 finding.\n")
+                            .arg(message, Folder));
 
-    const CommandResult json = RunCommand({QStringLiteral("--json"), Folder, RomPath});
-    EXPECT_EQ(json.Status, 1);
-    const QJsonObject finding{
-        {QStringLiteral("file"), QStringLiteral("Maps.twy")},
-        {QStringLiteral("row"), Oak},
-        {QStringLiteral("name"), QStringLiteral("Oak")},
-        {QStringLiteral("column"), 2},
-        {QStringLiteral("columnName"), QStringLiteral("grid position")},
-        {QStringLiteral("message"), line.mid(line.indexOf(QStringLiteral(": ")) + 2).chopped(1)},
-        {QStringLiteral("versions"), QJsonArray{QStringLiteral("red")}},
-    };
-    EXPECT_EQ(QJsonDocument::fromJson(json.Out.toUtf8()).object(),
-              (QJsonObject{{QStringLiteral("versions"), QJsonArray{QStringLiteral("red")}},
-                           {QStringLiteral("status"), 1},
-                           {QStringLiteral("unreadable"), QJsonArray()},
-                           {QStringLiteral("findings"), QJsonArray{finding}}}));
-
-    // A finding of the file as a whole has no row; a file that cannot be
-    // read is named.
+    // A file that cannot be read is named, and a finding of a file as a
+    // whole has no row and no column.
     QFile::remove(QDir(Folder).filePath(QLatin1String(Fixture::TileBankFileName)));
     QFile::remove(RomPath);
-    const CommandResult missing = RunCommand({QStringLiteral("--json"), Folder, RomPath});
-    EXPECT_EQ(missing.Status, 2);
-    const QJsonObject broken = QJsonDocument::fromJson(missing.Out.toUtf8()).object();
-    const QJsonObject bank = broken[QStringLiteral("findings")].toArray().last().toObject();
-    EXPECT_EQ(bank[QStringLiteral("file")].toString(), QStringLiteral("Tiles.png"));
-    EXPECT_TRUE(bank[QStringLiteral("row")].isNull());
-    EXPECT_TRUE(bank[QStringLiteral("column")].isNull());
-    const QJsonArray unreadable = broken[QStringLiteral("unreadable")].toArray();
-    ASSERT_EQ(unreadable.size(), 1);
-    EXPECT_EQ(unreadable[0].toObject()[QStringLiteral("file")].toString(),
+    const CommandResult json = RunCommand({QStringLiteral("--json"), Folder, RomPath});
+    EXPECT_EQ(json.Status, 2);
+    const QJsonObject root = QJsonDocument::fromJson(json.Out.toUtf8()).object();
+    EXPECT_EQ(root[QStringLiteral("status")].toInt(), 2);
+    EXPECT_EQ(root[QStringLiteral("versions")].toArray(), QJsonArray{QStringLiteral("red")});
+    EXPECT_EQ(root[QStringLiteral("unreadable")][0][QStringLiteral("file")].toString(),
               QStringLiteral("MorlickRed.gb"));
+    const QJsonArray findings = root[QStringLiteral("findings")].toArray();
+    ASSERT_EQ(findings.size(), 2);
+    EXPECT_EQ(findings[0].toObject(),
+              (QJsonObject{{QStringLiteral("file"), QStringLiteral("Maps.twy")},
+                           {QStringLiteral("row"), Oak},
+                           {QStringLiteral("name"), QStringLiteral("Oak")},
+                           {QStringLiteral("column"), 5},
+                           {QStringLiteral("columnName"), QStringLiteral("height")},
+                           {QStringLiteral("message"), message},
+                           {QStringLiteral("versions"), QJsonArray{QStringLiteral("red")}}}));
+    EXPECT_EQ(findings[1][QStringLiteral("file")].toString(), QStringLiteral("Tiles.png"));
+    EXPECT_TRUE(findings[1][QStringLiteral("row")].isNull());
+    EXPECT_TRUE(findings[1][QStringLiteral("column")].isNull());
 }

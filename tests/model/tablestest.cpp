@@ -191,9 +191,6 @@ QByteArray Group(const QString& name, int first, int count) {
     return text;
 }
 
-}  // namespace
-
-namespace {
 QByteArray MixedLineEnds(const QByteArray& text) {
     QByteArray out;
     bool crlf = false;
@@ -246,11 +243,6 @@ TEST_F(DataFiles, EachFileFillsItsRowsWhateverItsLineEndsAndEncoding) {
           QStringLiteral("place 3: 16"), QStringLiteral("place 4: 16"),
           QStringLiteral("code 10: Ten|1"), QStringLiteral("code 16: Sixteen|4"),
           QStringLiteral("code 255: Last|2"), QStringLiteral("count 4, more from line 0")}},
-        // Records beyond the count are not read, whatever they hold.
-        {Species,
-         "1\n01,\"Grove\",1\n02,\"Two\",2\n\"never closed\n",
-         {QStringLiteral("species 1|Grove|1"), QStringLiteral("place 1: 1"),
-          QStringLiteral("code 1: Grove|1"), QStringLiteral("count 1, more from line 3")}},
         // Two heading lines are skipped, even when they look like records.
         {Types,
          "\"A\",\"Looks\",1,5,0,0,1,2,0,0,0,0,0,0,0\n\"B\",\"Like\",1,5,0,0,1,2,0,0,0,0,0,0,0\n"
