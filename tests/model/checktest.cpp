@@ -149,12 +149,10 @@ TEST_F(CheckFolder, ASoundFolderAndTheDemoOfBothVersionsGiveNoFinding) {
 
 TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
     // Positions of the sound folder, which every case starts from.
-    const SmallProject sound = SoundProject();
+    SmallProject sound = SoundProject();
     const int romSize = sound.Rom.Size();
     const int blocks = sound.Tilesets[0].BlockPos;
-    const auto map = [&sound](int row) -> const Fixture::MapRow& {
-        return const_cast<SmallProject&>(sound).Map(row);
-    };
+    const auto map = [&sound](int row) -> const Fixture::MapRow& { return sound.Map(row); };
     const auto pastEnd = [romSize](const char* cell, const char* what, int bytes, int first) {
         return QStringLiteral(
                    "%1: %2 (%3 bytes, positions %4 to %5) would reach past the end of "
