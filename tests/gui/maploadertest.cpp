@@ -10,6 +10,7 @@
 #include "fixture/datafilenames.h"
 #include "fixture/smallproject.h"
 #include "mapview/maploader.h"
+#include "model/files.h"
 
 // Reading a map into the working state. A row of the tables that cannot fit
 // the working state or the ROM must be refused before anything is changed, so
@@ -48,11 +49,6 @@ protected:
             << error.toStdString();
     }
 
-    static QByteArray Read(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     QTemporaryDir Dir;
     QString RomPath;
 };
@@ -60,7 +56,7 @@ protected:
 }  // namespace
 
 TEST_F(MapLoaderTest, ReadsBlocksBorderAndGridWithTheBiasTakenOff) {
-    const QByteArray before = Read(RomPath);
+    const QByteArray before = TestFiles::Read(RomPath);
     LoadedMap loaded;
     QString error;
     ASSERT_TRUE(ReadMap(0, loaded, error)) << error.toStdString();
@@ -82,7 +78,7 @@ TEST_F(MapLoaderTest, ReadsBlocksBorderAndGridWithTheBiasTakenOff) {
     ASSERT_TRUE(ReadMap(1, loaded, error)) << error.toStdString();
     EXPECT_EQ(Defines.MapGrid[4][4], 9);
     // Loading reads; it never writes.
-    EXPECT_EQ(Read(RomPath), before);
+    EXPECT_EQ(TestFiles::Read(RomPath), before);
 }
 
 TEST_F(MapLoaderTest, ARowThatDoesNotFitIsRefusedAndTheLoadedMapStays) {

@@ -3,13 +3,157 @@
 #include <QByteArray>
 #include <QDir>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <functional>
 #include <memory>
 
+#include "core/eventtables.h"
+#include "core/morlickfile.h"
 #include "core/tables.h"
+#include "fixture/datafilenames.h"
 #include "model/files.h"
 #include "model/printers.h"
 
+// The readers of the five data files, which users write by hand: what each
+// reads into its tables, the message that names the file and the line when a
+// file is missing or damaged, and odd bytes that change nothing of what is
+// read.
+
 namespace {
+
+constexpr int Megabyte = 1 << 20;
+
+// Each row of a table that holds a field, as "tag row: field|field|...".
+template <typename Table>
+void Dump(const char* tag, const Table& table, QStringList& read) {
+    for (std::size_t row = 0; row < table.size(); ++row) {
+        QStringList fields;
+        bool filled = false;
+        for (const Field& field : table[row]) {
+            fields << field.ToText();
+            filled = filled || !field.IsEmpty();
+        }
+        if (filled)
+            read << QStringLiteral("%1 %2: %3")
+                        .arg(QLatin1String(tag))
+                        .arg(row)
+                        .arg(fields.join(QLatin1Char('|')));
+    }
+}
+
+// A reader of one data file and everything it read, as comparable text.
+struct Reader {
+    QString File;
+    int SkippedLines;
+    QString Missing;  // the sentence that ends the message of a missing file
+    QString Damaged;  // and of a damaged one
+    std::function<bool(const QString& path, QStringList& read, QString& error)> Load;
+};
+
+const QString ProgramStops = QStringLiteral("Tarnwey cannot go on without it.");
+const QString ProgramNeeds =
+    QStringLiteral("Tarnwey needs it beside the program and cannot go on without it.");
+const QString EventsStop = QStringLiteral("The events cannot be edited until it is mended.");
+
+std::vector<Reader> Readers() {
+    return {
+        {QLatin1String(Fixture::TilesetFileRed), 1, ProgramNeeds, ProgramStops,
+         [](const QString& path, QStringList& read, QString& error) {
+             auto table = std::make_unique<TilesetTableT>();
+             std::int16_t last = -1;
+             if (!LoadTilesetFile(path, *table, error, &last)) return false;
+             Dump("tileset", *table, read);
+             read << QStringLiteral("last %1").arg(last);
+             return true;
+         }},
+        {QLatin1String(Fixture::MapsFile), 1, ProgramNeeds, ProgramStops,
+         [](const QString& path, QStringList& read, QString& error) {
+             auto categories = std::make_unique<CategoryTableT>();
+             auto maps = std::make_unique<MapTableT>();
+             std::int16_t count = -1;
+             if (!LoadMapsFile(path, *categories, *maps, count, error)) return false;
+             Dump("category", *categories, read);
+             Dump("map", *maps, read);
+             read << QStringLiteral("last category %1").arg(count);
+             return true;
+         }},
+        {QLatin1String(Fixture::MorlickFile), 0,
+         QStringLiteral("Tarnwey needs it beside the program to name the wild Morlick."),
+         QStringLiteral("The wild Morlick cannot be edited until it is mended."),
+         [](const QString& path, QStringList& read, QString& error) {
+             auto tables = std::make_unique<MorlickTables>();
+             if (!LoadMorlickFile(path, *tables, error)) return false;
+             for (const MorlickEntry& e : tables->Records)
+                 read << QStringLiteral("species %1|%2|%3").arg(e.Code).arg(e.Name).arg(e.Place);
+             for (int row = 0; row < Limits::TableRows; ++row) {
+                 const MorlickEntry& place = tables->ByList[static_cast<size_t>(row)];
+                 const MorlickEntry& code = tables->ByCode[static_cast<size_t>(row)];
+                 if (place.Named) read << QStringLiteral("place %1: %2").arg(row).arg(place.Code);
+                 if (code.Named)
+                     read << QStringLiteral("code %1: %2|%3")
+                                 .arg(row)
+                                 .arg(code.Name)
+                                 .arg(code.Place);
+             }
+             read << QStringLiteral("count %1, more from line %2")
+                         .arg(tables->Count)
+                         .arg(tables->ExtraLine);
+             return true;
+         }},
+        {QLatin1String(Fixture::EventTypesFile), 2, EventsStop, EventsStop,
+         [](const QString& path, QStringList& read, QString& error) {
+             auto table = std::make_unique<EventTypeTableT>();
+             std::int16_t last = -1;
+             if (!LoadEventTypesFile(path, *table, last, error)) return false;
+             Dump("type", *table, read);
+             read << QStringLiteral("last %1").arg(last);
+             return true;
+         }},
+        {QLatin1String(Fixture::EventsFile), 2, EventsStop, EventsStop,
+         [](const QString& path, QStringList& read, QString& error) {
+             auto table = std::make_unique<EventAddressTableT>();
+             if (!LoadEventsFile(path, *table, error)) return false;
+             Dump("lists", *table, read);
+             return true;
+         }},
+    };
+}
+
+const Reader& ReaderOf(const QString& file) {
+    static const std::vector<Reader> readers = Readers();
+    return *std::find_if(readers.begin(), readers.end(),
+                         [&file](const Reader& reader) { return reader.File == file; });
+}
+
+class DataFiles : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(Dir.isValid()); }
+
+    // Writes the file, or leaves it missing for a null text, and reads it.
+    bool Load(const QString& file, const QByteArray& text) {
+        const QString path = Dir.filePath(file);
+        QFile::remove(path);
+        if (!text.isNull()) {
+            EXPECT_TRUE(TestFiles::Write(path, text));
+        }
+        Read.clear();
+        Error.clear();
+        return ReaderOf(file).Load(path, Read, Error);
+    }
+
+    QTemporaryDir Dir;
+    QStringList Read;
+    QString Error;
+};
+
+const QString Tilesets = QLatin1String(Fixture::TilesetFileRed);
+const QString Maps = QLatin1String(Fixture::MapsFile);
+const QString Species = QLatin1String(Fixture::MorlickFile);
+const QString Types = QLatin1String(Fixture::EventTypesFile);
+const QString Lists = QLatin1String(Fixture::EventsFile);
+
+const QByteArray TilesetHeader = "Field0,Field1,LastTile,TileBase,LastBlock,BlockPos,Bias\n";
+const QByteArray MapsHeader = "Maps of Morlick: marker line, category, maps\n";
 
 // One tileset record of 7 fields on one line.
 QByteArray TilesetRecord(int row) {
@@ -34,7 +178,7 @@ QByteArray MapRecord(int row) {
         .arg(2 + row % 254)
         .arg(row % 7)
         .arg(3000 + row)
-        .arg(row == 3 ? 1 : 4000 + row)
+        .arg(4000 + row)
         .toUtf8();
 }
 
@@ -47,186 +191,222 @@ QByteArray Group(const QString& name, int first, int count) {
     return text;
 }
 
-const QByteArray MapsHeader = "Maps of Morlick: marker line, category, maps\n";
-const QByteArray TilesetHeader = "Field0,Field1,LastTile,TileBase,LastBlock,BlockPos,Bias\n";
-const QString TilesetName = QStringLiteral("TilesetsR.twy");
-const QString MapsName = QStringLiteral("Maps.twy");
-
-class Tables : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_TRUE(Dir.isValid()); }
-
-    QString Path(const QString& name) const { return QDir(Dir.path()).filePath(name); }
-
-    // Writes the file, or leaves it missing for a null text, and reads it.
-    bool Load(const QString& name, const QByteArray& text) {
-        if (!text.isNull()) {
-            EXPECT_TRUE(TestFiles::Write(Path(name), text));
-        }
-        if (name == TilesetName)
-            return LoadTilesetFile(Path(name), *TilesetRows, Error, &LastTileset);
-        return LoadMapsFile(Path(name), *Categories, *Maps, CategoryCount, Error);
+QByteArray MixedLineEnds(const QByteArray& text) {
+    QByteArray out;
+    bool crlf = false;
+    for (const char c : text) {
+        if (c == '\n' && (crlf = !crlf)) out += '\r';
+        out += c;
     }
-
-    QTemporaryDir Dir;
-    std::unique_ptr<TilesetTableT> TilesetRows = std::make_unique<TilesetTableT>();
-    std::unique_ptr<CategoryTableT> Categories = std::make_unique<CategoryTableT>();
-    std::unique_ptr<MapTableT> Maps = std::make_unique<MapTableT>();
-    std::int16_t CategoryCount = -1;
-    std::int16_t LastTileset = -1;
-    QString Error;
-};
-
+    return out;
+}
 }  // namespace
 
-TEST_F(Tables, TilesetFileFillsOneRowPerRecordUpTo256) {
-    QByteArray text = TilesetHeader;
-    for (int r = 0; r < Limits::TableRows; ++r)
-        text += TilesetRecord(r);
-    ASSERT_TRUE(Load(TilesetName, text)) << Error.toStdString();
-    for (int r = 0; r < Limits::TableRows; ++r) {
-        SCOPED_TRACE(r);
-        const auto& row = (*TilesetRows)[r];
-        EXPECT_EQ(row[TilesetField0], Field::Number(r));
-        EXPECT_EQ(row[TilesetField1], Field::Text(QStringLiteral("Set %1").arg(r)));
-        EXPECT_EQ(row[TilesetLastTile].ToInt16(), 100 + r);
-        EXPECT_EQ(row[TilesetTileBase].ToInt16(), 10 * r);
-        EXPECT_EQ(row[TilesetLastBlock].ToInt16(), r);
-        EXPECT_EQ(row[TilesetBlockPos].ToInt32(), 0x4000 + 16 * r);
-        EXPECT_EQ(row[TilesetBlockBias].ToInt16(), r % 3);
-    }
-    EXPECT_EQ(LastTileset, Limits::TableRows - 1);
-}
-
-TEST_F(Tables, TilesetRecordMayRunOverSeveralLinesAndEndWithBlankLines) {
-    const QByteArray text =
-        TilesetHeader + "7,\"Grove, old\"\n159,0\n  255, 16385,\n" + "8,b,1,2,3,4,5\r\n\r\n\n";
-    ASSERT_TRUE(Load(TilesetName, text)) << Error.toStdString();
-    const auto& row = (*TilesetRows)[0];
-    EXPECT_EQ(row[TilesetField1], Field::Text(QStringLiteral("Grove, old")));
-    EXPECT_EQ(row[TilesetLastTile].ToInt16(), 159);
-    EXPECT_EQ(row[TilesetLastBlock].ToInt16(), 255);
-    EXPECT_EQ(row[TilesetBlockPos].ToInt32(), 16385);
-    EXPECT_TRUE(row[TilesetBlockBias].IsEmpty());
-    EXPECT_EQ((*TilesetRows)[1][TilesetField0], Field::Number(8));
-    EXPECT_EQ((*TilesetRows)[1][TilesetBlockBias], Field::Number(5));
-    EXPECT_TRUE((*TilesetRows)[2][TilesetField0].IsEmpty());
-    EXPECT_EQ(LastTileset, 1);
-}
-
-// Categories fill their own map rows, leaving gaps between them; a category
-// without maps reads no map record, also as the last one.
-TEST_F(Tables, MapsFileFillsCategoriesAndTheirMapRows) {
-    const QByteArray text = MapsHeader + Group(QStringLiteral("Towns"), 3, 2) +
-                            Group(QStringLiteral("Empty"), 5, 0) +
-                            Group(QStringLiteral("Routes, north"), 250, 6) +
-                            Group(QStringLiteral("Empty at end"), 0, 0) + "\n\n";
-    ASSERT_TRUE(Load(MapsName, text)) << Error.toStdString();
-    EXPECT_EQ(CategoryCount, 3);
+// What each file reads into its rows. Line ends, a byte order mark, a
+// skipped line a megabyte long and the encoding or length of a name never
+// change it.
+TEST_F(DataFiles, EachFileFillsItsRowsWhateverItsLineEndsAndEncoding) {
     const struct {
-        const char* name;
-        int first, count;
-    } categories[] = {
-        {"Towns", 3, 2}, {"Empty", 5, 0}, {"Routes, north", 250, 6}, {"Empty at end", 0, 0}};
-    for (int c = 0; c < 4; ++c) {
-        SCOPED_TRACE(c);
-        EXPECT_TRUE((*Categories)[c][0].IsEmpty());  // column 0 is never filled
-        EXPECT_EQ((*Categories)[c][CatName], Field::Text(QString::fromUtf8(categories[c].name)));
-        EXPECT_EQ((*Categories)[c][CatFirstMap].ToInt16(), categories[c].first);
-        EXPECT_EQ((*Categories)[c][CatMapCount].ToInt16(), categories[c].count);
-    }
-    EXPECT_TRUE((*Categories)[4][CatName].IsEmpty());
-
-    for (int r : {0, 1, 2, 5, 100, 249})
-        EXPECT_TRUE((*Maps)[r][MapName].IsEmpty()) << "row " << r;
-    for (int r : {3, 4, 250, 251, 255}) {
-        SCOPED_TRACE(r);
-        const auto& row = (*Maps)[r];
-        EXPECT_EQ(row[MapField0], Field::Number(r));
-        EXPECT_EQ(row[MapName], Field::Text(QStringLiteral("Map %1").arg(r)));
-        EXPECT_EQ(row[MapGridPos].ToInt32(), 1000 + r);
-        EXPECT_EQ(row[MapObjectPos].ToInt32(), 2000 + r);
-        EXPECT_EQ(row[MapField4], Field::Text(QStringLiteral("x")));
-        EXPECT_EQ(row[MapRows].ToInt16(), 1 + r % 255);
-        EXPECT_EQ(row[MapField6], Field::Text(QStringLiteral("y")));
-        EXPECT_EQ(row[MapCols].ToInt16(), 2 + r % 254);
-        EXPECT_EQ(row[MapTileset].ToInt16(), r % 7);
-        EXPECT_EQ(row[MapNote], Field::Text(QStringLiteral("Note %1").arg(r)));
-        EXPECT_EQ(row[MapWarpToPos].ToInt32(), 3000 + r);
-        EXPECT_EQ(row[MapPlacementFix].ToInt16(), -3);
-        EXPECT_TRUE(row[MapWarpsOk].IsTrue());
-        EXPECT_EQ(row[MapWarpToCount].ToInt16(), 2);
-        EXPECT_EQ(row[MapXShift].ToInt16(), -1);
-        EXPECT_EQ(row[MapYShift].ToInt16(), 4);
-        EXPECT_EQ(row[MapWildPos].ToInt32(), r == 3 ? NoData : 4000 + r);
-        EXPECT_FALSE(row[MapEventsOk].IsTrue());
+        QString file;
+        QByteArray text;
+        QStringList read;
+    } files[] = {
+        // A record may run over several lines, and blank lines end the file.
+        {Tilesets,
+         TilesetHeader + "7,\"Grove, old\"\n159,0\n  255, 16385,\n8,b,1,2,3,4,5\n\n\n",
+         {QStringLiteral("tileset 0: 7|Grove, old|159|0|255|16385|"),
+          QStringLiteral("tileset 1: 8|b|1|2|3|4|5"), QStringLiteral("last 1")}},
+        // Categories fill their own map rows, leaving gaps between them; a
+        // category without maps reads no map record, also as the last one.
+        {Maps,
+         MapsHeader + Group(QStringLiteral("Grove"), 3, 2) + Group(QStringLiteral("Empty"), 5, 0) +
+             Group(QStringLiteral("Routes, north"), 254, 2) +
+             Group(QStringLiteral("Empty at end"), 0, 0) + "\n\n",
+         {QStringLiteral("category 0: |Grove|3|2"), QStringLiteral("category 1: |Empty|5|0"),
+          QStringLiteral("category 2: |Routes, north|254|2"),
+          QStringLiteral("category 3: |Empty at end|0|0"),
+          QStringLiteral("map 3: 3|Map 3|1003|2003|x|4|y|5|3|Note 3|3003|-3|True|2|-1|4|4003|0"),
+          QStringLiteral("map 4: 4|Map 4|1004|2004|x|5|y|6|4|Note 4|3004|-3|True|2|-1|4|4004|0"),
+          QStringLiteral(
+              "map 254: 254|Map 254|1254|2254|x|255|y|2|2|Note 254|3254|-3|True|2|-1|4|4254|0"),
+          QStringLiteral(
+              "map 255: 255|Map 255|1255|2255|x|1|y|3|3|Note 255|3255|-3|True|2|-1|4|4255|0"),
+          QStringLiteral("last category 3")}},
+        // Codes are hexadecimal however they are written, and no line is
+        // skipped; a later record takes a code's row and a place's, and the
+        // records stay as the file gives them.
+        {Species,
+         "4\n10,\"Grove\",3\n\"0A\",Ten,1\n\"10\",\"Sixteen\"\n4\nff,\"Last\",2\n\n",
+         {QStringLiteral("species 16|Grove|3"), QStringLiteral("species 10|Ten|1"),
+          QStringLiteral("species 16|Sixteen|4"), QStringLiteral("species 255|Last|2"),
+          QStringLiteral("place 1: 10"), QStringLiteral("place 2: 255"),
+          QStringLiteral("place 3: 16"), QStringLiteral("place 4: 16"),
+          QStringLiteral("code 10: Ten|1"), QStringLiteral("code 16: Sixteen|4"),
+          QStringLiteral("code 255: Last|2"), QStringLiteral("count 4, more from line 0")}},
+        // Two heading lines are skipped, even when they look like records.
+        {Types,
+         "\"A\",\"Looks\",1,5,0,0,1,2,0,0,0,0,0,0,0\n\"B\",\"Like\",1,5,0,0,1,2,0,0,0,0,0,0,0\n"
+         "\"T0\",\"Grove\",1,5\n4,4,2,3\n0,0,0,0,0,0,0\n\"T\",\"Name\",1,5,0,0,1,2,3,0,0,0,0,0,0\n",
+         {QStringLiteral("type 0: T0|Grove|1|5|4|4|2|3|0|0|0|0|0|0|0"),
+          QStringLiteral("type 1: T|Name|1|5|0|0|1|2|3|0|0|0|0|0|0"), QStringLiteral("last 1")}},
+        // A later record for a map row takes its row.
+        {Lists,
+         "1,2,3,4,5,6,7,8,9,10\n0,0,0,0,0,0,0,0,0,0\n7,100,2,0,0,0,0,0,0,0\n3,300\n4,0,0,0,0,0,0,"
+         "0\n"
+         "255,200,5,0,0,0,0,0,0,0\n7,200,5,0,0,0,0,0,0,0\n",
+         {QStringLiteral("lists 3: 3|300|4|0|0|0|0|0|0|0"),
+          QStringLiteral("lists 7: 7|200|5|0|0|0|0|0|0|0"),
+          QStringLiteral("lists 255: 255|200|5|0|0|0|0|0|0|0")}},
+    };
+    for (const auto& f : files) {
+        SCOPED_TRACE(f.text.left(40).toStdString());
+        ASSERT_TRUE(Load(f.file, f.text)) << Error.toStdString();
+        EXPECT_EQ(Read, f.read);
+        const QByteArray latin1 = QByteArray(f.text).replace("Grove", "Gr\xF6ve");
+        const QByteArray mark = "\xEF\xBB\xBF";
+        const QByteArray skipped =
+            f.file == Species ? f.text
+                              : QByteArray(Megabyte, 'h') + f.text.mid(f.text.indexOf('\n'));
+        const struct {
+            const char* name;
+            QByteArray text;
+            QString grove;  // what "Grove" reads as
+        } variants[] = {
+            {"CRLF and LF mixed", MixedLineEnds(f.text), QStringLiteral("Grove")},
+            {"only CR LF", QByteArray(f.text).replace("\n", "\r\n"), QStringLiteral("Grove")},
+            {"a byte order mark", mark + f.text, QStringLiteral("Grove")},
+            {"a skipped line of a megabyte", skipped, QStringLiteral("Grove")},
+            // A name from an editor that writes Latin-1, with and without a
+            // byte order mark in front, and a name a megabyte long.
+            {"Latin-1", latin1, QStringLiteral("Gr\u00F6ve")},
+            {"Latin-1 after a byte order mark", mark + latin1, QStringLiteral("Gr\u00F6ve")},
+            {"a name of a megabyte", QByteArray(f.text).replace("Grove", QByteArray(Megabyte, 'g')),
+             QString(Megabyte, u'g')},
+        };
+        for (const auto& v : variants) {
+            SCOPED_TRACE(v.name);
+            ASSERT_TRUE(Load(f.file, v.text)) << Error.toStdString();
+            EXPECT_EQ(Read, QStringList(f.read).replaceInStrings(QStringLiteral("Grove"), v.grove));
+        }
     }
 }
 
-TEST_F(Tables, MapsFileHoldsUpTo256Categories) {
-    QByteArray text = MapsHeader;
-    for (int c = 0; c < Limits::TableRows; ++c)
-        text += Group(QStringLiteral("Cat %1").arg(c), c, c == 255 ? 1 : 0);
-    ASSERT_TRUE(Load(MapsName, text)) << Error.toStdString();
-    EXPECT_EQ(CategoryCount, 255);
-    EXPECT_EQ((*Categories)[255][CatName], Field::Text(QStringLiteral("Cat 255")));
-    EXPECT_EQ((*Maps)[255][MapName], Field::Text(QStringLiteral("Map 255")));
-}
-
-// A data file that is missing, ends inside a record, or holds more than the
-// tables can take is refused with a message that names the file and the place.
-TEST_F(Tables, DamagedOrMissingDataFileIsRefusedWithAMessage) {
+// A file holds up to 256 tilesets and 256 categories, the last map row is
+// 255, and the species list has places 1 to 255.
+TEST_F(DataFiles, TheFullestFilesFillTheLastRows) {
     QByteArray tilesets = TilesetHeader;
     for (int r = 0; r < Limits::TableRows; ++r)
         tilesets += TilesetRecord(r);
-    QByteArray categories = MapsHeader;
+    ASSERT_TRUE(Load(Tilesets, tilesets)) << Error.toStdString();
+    EXPECT_EQ(Read.mid(Read.size() - 2),
+              (QStringList{QStringLiteral("tileset 255: 255|Set 255|355|2550|255|20464|0"),
+                           QStringLiteral("last 255")}));
+    QByteArray maps = MapsHeader;
     for (int c = 0; c < Limits::TableRows; ++c)
-        categories += Group(QStringLiteral("Cat %1").arg(c), c, 0);
+        maps += Group(QStringLiteral("Cat %1").arg(c), c, c == 255 ? 1 : 0);
+    ASSERT_TRUE(Load(Maps, maps)) << Error.toStdString();
+    EXPECT_EQ(Read.mid(Read.size() - 3),
+              (QStringList{QStringLiteral("category 255: |Cat 255|255|1"),
+                           QStringLiteral("map 255: 255|Map 255|1255|2255|x|1|y|3|3|Note 255|3255|"
+                                          "-3|True|2|-1|4|4255|0"),
+                           QStringLiteral("last category 255")}));
+    QByteArray species = "255\n";
+    for (int code = 0; code < 255; ++code)
+        species +=
+            QByteArray::number(code, 16) + ",\"Kind\"," + QByteArray::number(code + 1) + "\n";
+    ASSERT_TRUE(Load(Species, species)) << Error.toStdString();
+    EXPECT_TRUE(Read.contains(QStringLiteral("place 255: 254")));
+    EXPECT_EQ(Read.last(), QStringLiteral("count 255, more from line 0"));
+}
+
+// A file that is missing, ends inside a record, holds more than its table
+// can take or a value that cannot be is refused with a message that names
+// the file and the line, and ends with what cannot go on.
+TEST_F(DataFiles, AMissingOrDamagedFileIsToldWithItsNameAndLine) {
+    QByteArray tilesets = TilesetHeader;
+    for (int r = 0; r <= Limits::TableRows; ++r)
+        tilesets += TilesetRecord(r);
+    QByteArray categories = MapsHeader;
+    for (int c = 0; c <= Limits::TableRows; ++c)
+        categories += Group(QStringLiteral("Cat %1").arg(c), c % 256, 0);
     const QByteArray towns = MapsHeader + Group(QStringLiteral("Towns"), 0, 2);
-    struct Case {
-        const char* what;
+    QByteArray types = "h\nh\n";
+    for (int t = 0; t <= EventTypeRows; ++t)
+        types += "\"T\",\"Name\",1,5,0,0,1,2,3,0,0,0,0,0,0\n";
+    const struct {
         QString file;
         QByteArray text;
-        const char* names;
-    };
-    const Case cases[] = {
-        {"a tileset file that is missing", TilesetName, QByteArray(), "could not be read"},
+        const char* says;  // what follows "The data file \"<file>\" "
+    } cases[] = {
+        {Tilesets, QByteArray(), "could not be read (No such file or directory)."},
         // Blank lines at the end fill no record up, and a comma announces a field.
-        {"a tileset record cut short", TilesetName,
-         TilesetHeader + TilesetRecord(0) + "1,\"Half\",3,4\n\n\n\n", "tileset 1"},
-        {"a comma after the last record", TilesetName,
-         TilesetHeader + TilesetRecord(0).chopped(1) + ",\n", "tileset 1"},
-        {"a tileset file without records", TilesetName, TilesetHeader, "tileset 0"},
-        {"257 tilesets", TilesetName, tilesets + TilesetRecord(256), "256"},
-        {"a maps file that is missing", MapsName, QByteArray(), "could not be read"},
-        {"a map record cut short", MapsName, towns.left(towns.size() - MapRecord(1).size() / 4),
-         "map 1"},
-        {"a map record cut inside a quote", MapsName,
-         towns.left(towns.size() - MapRecord(1).size() / 2),
-         "the quote that opens on line 5 is never closed"},
+        {Tilesets, TilesetHeader + TilesetRecord(0) + "1,\"Half\",3,4\n\n\n\n",
+         "is damaged: it ends inside the record of tileset 1 (line 4)."},
+        {Tilesets, TilesetHeader + TilesetRecord(0).chopped(1) + ",\n",
+         "is damaged: it ends inside the record of tileset 1 (line 2)."},
+        {Tilesets, TilesetHeader, "is damaged: it ends inside the record of tileset 0 (line 2)."},
+        {Tilesets, tilesets, "is damaged: it holds more than 256 tilesets (line 258)."},
+        {Maps, towns.left(towns.size() - MapRecord(1).size() / 4),
+         "is damaged: it ends inside the record of map 1 (line 5)."},
+        {Maps, towns.left(towns.size() - MapRecord(1).size() / 2),
+         "is damaged: the quote that opens on line 5 is never closed."},
         // Every later quote pairs wrongly; the reading fails lines further on.
-        {"a closing quote left out", MapsName,
+        {Maps,
          MapsHeader + Group(QStringLiteral("Towns"), 0, 2).replace("Map 1\"", "Map 1") +
              Group(QStringLiteral("Routes"), 2, 2) + Group(QStringLiteral("Caves"), 4, 2),
-         "the quote that opens on line 5 is not closed on that line"},
-        {"fewer maps than the category names", MapsName,
-         MapsHeader + "m\n\"Towns\",0,3\n" + MapRecord(0) + MapRecord(1), "map 2"},
-        {"a category record cut short", MapsName, MapsHeader + "m\n\"Towns\",0\n", "category 0"},
-        {"a stray line after the last group", MapsName, towns + "stray words\n", "category 1"},
-        {"half a group after the last one", MapsName, towns + "marker\n\"Half\",1\n", "category 1"},
-        {"257 categories", MapsName, categories + Group(QStringLiteral("One more"), 0, 0), "256"},
-        {"map rows 255 and 256", MapsName,
-         MapsHeader + "m\n\"Past\",255,2\n" + MapRecord(255) + MapRecord(256), "Past"},
-        {"map row 256", MapsName, MapsHeader + "m\n\"Beyond\",256,1\n" + MapRecord(256), "Beyond"},
-        {"map row -1", MapsName, MapsHeader + "m\n\"Below\",-1,1\n" + MapRecord(0), "Below"},
+         "is damaged: the quote that opens on line 5 is not closed on that line, and the fields "
+         "after it are out of step."},
+        {Maps, MapsHeader + "m\n\"Towns\",0,3\n" + MapRecord(0) + MapRecord(1),
+         "is damaged: it ends inside the record of map 2 (line 6)."},
+        {Maps, MapsHeader + "m\n\"Towns\",0\n",
+         "is damaged: it ends inside the record of category 0 (line 4)."},
+        {Maps, towns + "stray words\n",
+         "is damaged: it ends inside the record of category 1 (line 7)."},
+        {Maps, categories, "is damaged: it holds more than 256 categories (line 515)."},
+        {Maps, MapsHeader + "m\n\"Past\",255,2\n" + MapRecord(255) + MapRecord(256),
+         "is damaged: the category \"Past\" names map rows 255 to 256, outside the rows 0 to 255 "
+         "(line 4)."},
+        {Maps, MapsHeader + "m\n\"Beyond\",256,1\n" + MapRecord(256),
+         "is damaged: the category \"Beyond\" names map rows 256 to 256, outside the rows 0 to "
+         "255 (line 4)."},
+        {Maps, MapsHeader + "m\n\"Below\",-1,1\n" + MapRecord(0),
+         "is damaged: the category \"Below\" names map rows -1 to -1, outside the rows 0 to 255 "
+         "(line 4)."},
+        {Species, QByteArray(), "could not be read (No such file or directory)."},
+        {Species, "", "is damaged: it does not begin with the number of species (line 1)."},
+        {Species, "256\n", "is damaged: it gives 256 species, but there can be 0 to 255 (line 1)."},
+        // A CR LF is one line end.
+        {Species, "2\r\n01,\"One\",1\r\n02,\"Two\"\r\n",
+         "is damaged: it ends inside species 2 of the 2 it announces (line 3)."},
+        {Species, "1\n100,\"Too big\",1\n",
+         "is damaged: the code \"100\" of species 1 is no hexadecimal number from 0 to FF (line "
+         "2)."},
+        {Species, "2\n01,\"One\",1\nG1,\"Not hex\",1\n",
+         "is damaged: the code \"G1\" of species 2 is no hexadecimal number from 0 to FF (line "
+         "3)."},
+        {Species, "1\n01,\"Far\",256\n",
+         "is damaged: the list place \"256\" of species 1 is no number from 0 to 255 (line 2)."},
+        {Species, "1\n01,\"Named\",first\n",
+         "is damaged: the list place \"first\" of species 1 is no number from 0 to 255 (line 2)."},
+        {Types, QByteArray(), "could not be read (No such file or directory)."},
+        {Types, "h\nh\n", "is damaged: it holds no event type."},
+        {Types, "h\nh\n\"T\",\"Cut\",1,5\n",
+         "is damaged: it ends inside the record of event type 0 (line 4)."},
+        {Types, types, "is damaged: it holds more than 33 event types (line 36)."},
+        {Lists, "h\nh\n256,0,0,0,0,0,0,0,0,0\n",
+         "is damaged: the record on line 3 names map row \"256\", but rows run from 0 to 255."},
+        {Lists, "h\nh\n-1,0,0,0,0,0,0,0,0,0\n",
+         "is damaged: the record on line 3 names map row \"-1\", but rows run from 0 to 255."},
+        {Lists, "h\nh\n1,0,0\n",
+         "is damaged: it ends inside the record of the map on line 3 (line 4)."},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        QFile::remove(Path(c.file));
-        Error.clear();
+    for (const auto& c : cases) {
+        const QString says = QString::fromLatin1(c.says);
+        SCOPED_TRACE(c.file.toStdString() + ": " + c.says);
         EXPECT_FALSE(Load(c.file, c.text));
-        EXPECT_TRUE(Error.contains(c.file)) << Error.toStdString();
-        EXPECT_TRUE(Error.contains(QString::fromUtf8(c.names))) << Error.toStdString();
-        EXPECT_EQ(CategoryCount, -1);
+        const Reader& reader = ReaderOf(c.file);
+        EXPECT_EQ(Error, QStringLiteral("The data file \"%1\" %2\n\n%3")
+                             .arg(c.file, says,
+                                  says.startsWith(u"could") ? reader.Missing : reader.Damaged));
     }
 }
