@@ -1,6 +1,7 @@
 #include "rom/fileops.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <array>
 #include <filesystem>
@@ -36,7 +37,9 @@ bool Remove(const QString& path) {
 }
 
 bool Copy(const QString& from, const QString& to) {
-    return !ShouldFail(Op::Copy) && QFile::copy(from, to);
+    if (ShouldFail(Op::Copy) || !QFile::copy(from, to)) return false;
+    if (ShouldFail(Op::ShortCopy)) QFile::resize(to, QFileInfo(to).size() - 1);
+    return true;
 }
 
 bool Rename(const QString& from, const QString& to) {

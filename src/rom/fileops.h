@@ -7,7 +7,9 @@
 // way for every user: file rights do not stop root, and CI may run as root.
 namespace FileOps {
 
-enum class Op { Remove, Copy, Rename, Write, OpCount };
+// ShortCopy is not an operation of its own: the copy it names succeeds but
+// comes up one byte short, as a copy can on a failing disk without an error.
+enum class Op { Remove, Copy, Rename, Write, ShortCopy, OpCount };
 
 bool Remove(const QString& path);
 // Copies a file to a new name; fails when the target exists.

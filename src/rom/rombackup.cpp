@@ -71,7 +71,7 @@ bool CopyRomToBackup(const QString& romPath, const QString& programFolder, QStri
     }
     // 4. The copy becomes the ROM that the save writes into. When it fails,
     // the backup is given the ROM's name again: it is the ROM, untouched.
-    if (!FileOps::Copy(temp, romPath) || !SameSize(temp, bak)) {
+    if (!FileOps::Copy(temp, romPath) || !SameSize(romPath, bak)) {
         QFile::remove(romPath);
         if (FileOps::Rename(bak, romPath)) {
             QFile::remove(temp);

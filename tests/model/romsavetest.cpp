@@ -3,19 +3,24 @@
 #include <sys/stat.h>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
+#include <functional>
+#include <limits>
 
 #include "core/scripteddialogs.h"
 #include "model/files.h"
 #include "model/printers.h"
 #include "rom/fileops.h"
-#include "rom/rombackup.h"
+#include "rom/romfile.h"
 #include "rom/romsave.h"
+
+// The ROM's bytes by 1-based position, and the save transaction around them:
+// the backup's five steps, and a ROM that never ends up half written.
 
 namespace {
 
 constexpr int RomSize = 300;
+using Op = FileOps::Op;
 
 // The file system's number for a file, which a rename keeps and a copy does not.
 ino_t FileNumber(const QString& path) {
@@ -47,13 +52,17 @@ protected:
 
     // Saves with one byte written at each given position, the value drawn
     // from the save's number so that every save leaves its own trace.
-    bool Save(Backup backup, std::initializer_list<std::int32_t> positions, std::uint8_t value) {
+    bool Save(Backup backup, std::initializer_list<std::int32_t> positions, std::uint8_t value,
+              qint64 expectedSize = -1) {
         Wrote = false;
-        return SaveToRom(RomPath, ProgramFolder, backup, [&](RomFile& rom) {
-            Wrote = true;
-            for (const std::int32_t p : positions)
-                rom.RomWriteByte(p, value);
-        });
+        return SaveToRom(
+            RomPath, ProgramFolder, backup,
+            [&](RomFile& rom) {
+                Wrote = true;
+                for (const std::int32_t p : positions)
+                    rom.RomWriteByte(p, value);
+            },
+            expectedSize);
     }
 
     static QByteArray With(QByteArray bytes, std::initializer_list<std::int32_t> positions,
@@ -63,15 +72,10 @@ protected:
         return bytes;
     }
 
-    QString Question() const {
-        return QStringLiteral("Make a backup of the ROM (") + QDir::toNativeSeparators(RomPath) +
-               QStringLiteral(".BAK)?");
-    }
     QString Bak() const { return RomPath + QStringLiteral(".BAK"); }
     QString Temp() const { return QDir(ProgramFolder).filePath(QStringLiteral("temp.twy")); }
-    QStringList ProgramFiles() const {
-        return QDir(ProgramFolder)
-            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+    QStringList Files(const QString& folder) const {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
     }
     QString Transcript() const { return Script.Texts().join(QStringLiteral(" | ")); }
 
@@ -86,80 +90,164 @@ protected:
 
 }  // namespace
 
-TEST_F(RomSave, AnsweringNoToTheBackupQuestionStillSaves) {
+TEST_F(RomSave, RomFileReadsByOneBasedPositionAndWritesBackOnlyTheRecordedBytes) {
+    RomFile rom;
+    ASSERT_TRUE(rom.Open(RomPath)) << rom.Error().toStdString();
+    EXPECT_EQ(rom.Size(), RomSize);
+    EXPECT_EQ(rom.ReadByte(1), static_cast<std::uint8_t>(Original[0]));
+    EXPECT_EQ(rom.ReadByte(RomSize), static_cast<std::uint8_t>(Original[RomSize - 1]));
+    const struct {
+        std::int32_t position, count;
+        bool inside;
+    } areas[] = {{1, RomSize, true},
+                 {RomSize + 1, 0, true},
+                 {0, 1, false},
+                 {2, RomSize, false},
+                 {RomSize, 2, false},
+                 {1, -1, false},
+                 {std::numeric_limits<std::int32_t>::max(), 2, false}};
+    for (const auto& a : areas)
+        EXPECT_EQ(rom.Contains(a.position, a.count), a.inside) << a.position << " + " << a.count;
+    EXPECT_FALSE(rom.Failed()) << rom.Error().toStdString();
+
+    // Bytes that change on disk while the ROM is open, at places the command
+    // does not write, survive: Close writes back nothing but its own bytes.
+    QByteArray disk = Original;
+    for (const int offset : {1, 5, 30, 62})
+        disk[offset] = static_cast<char>(0xEE);
+    ASSERT_TRUE(TestFiles::Write(RomPath, disk));
+    QByteArray expected = disk;
+    const std::pair<std::int32_t, std::uint8_t> writes[] = {
+        {1, 0xA1}, {RomSize, 0xA2}, {20, 0xA3}, {21, 0xA4}, {22, 0x00}, {40, 0xFF}, {20, 0xA5}};
+    for (const auto& [position, value] : writes) {
+        rom.RomWriteByte(position, value);
+        expected[position - 1] = static_cast<char>(value);
+    }
+    ASSERT_TRUE(rom.Close()) << rom.Error().toStdString();
+    EXPECT_EQ(TestFiles::Read(RomPath).toHex(' '), expected.toHex(' '));
+
+    // A command without writes touches nothing.
+    ASSERT_TRUE(rom.Open(RomPath));
+    rom.ReadByte(3);
+    ASSERT_TRUE(TestFiles::Write(RomPath, Original));
+    EXPECT_TRUE(rom.Close());
+    EXPECT_EQ(TestFiles::Read(RomPath), Original);
+}
+
+// A command that cannot write all its bytes writes none of them: a position
+// outside the file, a file that changed its length or vanished since Open,
+// and a write that fails part of the way, which puts back what it replaced.
+TEST_F(RomSave, RomFileThatCannotBeWrittenWholeIsLeftAsItWas) {
+    struct Case {
+        QString name;
+        std::function<void(RomFile&)> between;  // runs between Open and Close
+        QString error;                          // a part of the error
+        std::function<QByteArray()> disk;       // what must be on disk after
+    };
+    const auto original = [this] { return Original; };
+    std::vector<Case> cases;
+    for (const std::int32_t outside : {0, RomSize + 1, -1, std::numeric_limits<std::int32_t>::min(),
+                                       std::numeric_limits<std::int32_t>::max()})
+        cases.push_back({QStringLiteral("position %1").arg(outside),
+                         [outside](RomFile& rom) {
+                             EXPECT_EQ(rom.ReadByte(outside), 0);
+                             rom.RomWriteByte(outside, 0x22);
+                             rom.ReadByte(RomSize + 7);
+                         },
+                         QString::number(outside), original});
+    for (const int size : {RomSize + 2, RomSize - 1}) {
+        const QByteArray changed = TestFiles::Pattern(size);
+        cases.push_back({QStringLiteral("length now %1").arg(size),
+                         [this, changed](RomFile&) { TestFiles::Write(RomPath, changed); },
+                         QStringLiteral("Red.gb"), [changed] { return changed; }});
+    }
+    cases.push_back({QStringLiteral("deleted"), [this](RomFile&) { QFile::remove(RomPath); },
+                     QStringLiteral("Red.gb"), [] { return QByteArray(); }});
+    for (int failing = 1; failing <= 3; ++failing)
+        cases.push_back({QStringLiteral("write %1 fails").arg(failing),
+                         [failing](RomFile&) { FileOps::FailOn(Op::Write, failing); },
+                         QStringLiteral("could not be written"), original});
+    // A real refusal: a file size limit below the last run's offset lets the
+    // first runs through and stops the last one.
+    std::unique_ptr<TestFiles::FileSizeLimit> limit;
+    cases.push_back({QStringLiteral("file size limit"),
+                     [&limit](RomFile&) {
+                         limit = std::make_unique<TestFiles::FileSizeLimit>(RomSize / 2 + 1);
+                     },
+                     QStringLiteral("could not be written"), original});
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name.toStdString());
+        ASSERT_TRUE(TestFiles::Write(RomPath, Original));
+        RomFile rom;
+        ASSERT_TRUE(rom.Open(RomPath));
+        rom.RomWriteByte(2, 0x11);
+        rom.RomWriteByte(3, 0x12);
+        rom.RomWriteByte(30, 0x22);
+        c.between(rom);
+        rom.RomWriteByte(RomSize, 0x33);
+        EXPECT_FALSE(rom.Close());
+        limit.reset();
+        FileOps::ClearFaults();
+        EXPECT_TRUE(rom.Error().contains(c.error)) << rom.Error().toStdString();
+        EXPECT_FALSE(rom.Error().contains(QStringLiteral("Part of the changes")))
+            << rom.Error().toStdString();
+        EXPECT_EQ(TestFiles::Read(RomPath).toHex(' '), c.disk().toHex(' '));
+    }
+
+    // A missing file or a folder is an error that names it, and is not made.
+    RomFile rom;
+    for (const QString& name : {QStringLiteral("Blue.gb"), QStringLiteral("roms")}) {
+        EXPECT_FALSE(rom.Open(QDir(Dir.path()).filePath(name)));
+        EXPECT_TRUE(rom.Error().contains(name)) << rom.Error().toStdString();
+        rom.RomWriteByte(1, 0x42);
+        EXPECT_FALSE(rom.Close());
+    }
+    EXPECT_FALSE(QFile::exists(QDir(Dir.path()).filePath(QStringLiteral("Blue.gb"))));
+}
+
+// Saves with and without a backup, one after the other: the backup holds the
+// ROM as it was before the latest save the user answered Yes for.
+TEST_F(RomSave, BackupHoldsTheRomAsItWasBeforeTheLatestSaveWithAYes) {
     Script.AnswerNo();
     ASSERT_TRUE(Save(Backup::Offer, {1, 2, RomSize}, 0x00));
     ASSERT_EQ(Script.Transcript().size(), 1u) << Transcript().toStdString();
     const auto& asked = Script.Transcript()[0];
     EXPECT_EQ(asked.kind, ScriptedDialogs::Kind::Question);
     EXPECT_EQ(asked.title, QStringLiteral("Tarnwey"));
-    EXPECT_EQ(asked.text, Question());
-    EXPECT_TRUE(Wrote);
-    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {1, 2, RomSize}, 0x00));
+    EXPECT_EQ(asked.text, QStringLiteral("Make a backup of the ROM (") +
+                              QDir::toNativeSeparators(RomPath) + QStringLiteral(".BAK)?"));
+    QByteArray rom = With(Original, {1, 2, RomSize}, 0x00);
+    EXPECT_EQ(TestFiles::Read(RomPath), rom);
     EXPECT_FALSE(QFile::exists(Bak()));
-    EXPECT_TRUE(ProgramFiles().isEmpty()) << ProgramFiles().join(u',').toStdString();
-}
 
-TEST_F(RomSave, FirstBackupKeepsTheOldBytesWithoutAWarning) {
-    ASSERT_FALSE(QFile::exists(Bak()));
-    const ino_t romFile = FileNumber(RomPath);
-    ASSERT_NE(romFile, 0u);
-    Script.AnswerYes();
-    ASSERT_TRUE(Save(Backup::Offer, {7, 8, 200}, 0xC3)) << Transcript().toStdString();
-    // The file that was the ROM became the backup under its new name; the ROM
-    // written into is a fresh copy.
-    EXPECT_EQ(FileNumber(Bak()), romFile);
-    EXPECT_NE(FileNumber(RomPath), romFile);
-    EXPECT_EQ(Script.Transcript().size(), 1u) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(Bak()), Original);
-    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {7, 8, 200}, 0xC3));
-    EXPECT_TRUE(ProgramFiles().isEmpty()) << ProgramFiles().join(u',').toStdString();
-    // Only the ROM and its backup lie in the ROM's folder.
-    EXPECT_EQ(QDir(RomFolder).entryList(QDir::Files).size(), 2);
-}
-
-TEST_F(RomSave, StaleTempCopyIsReplaced) {
-    // Copies left by an earlier run, of the ROM's length and of another.
-    QByteArray rom = Original;
-    std::uint8_t value = 1;
+    // Copies left by an earlier run, of the ROM's length and of another, are
+    // replaced. The file that was the ROM becomes the backup under its new
+    // name; the ROM written into is a fresh copy.
+    std::uint8_t value = 0xC3;
     for (const QByteArray& stale : {QByteArray(RomSize, '\x99'), QByteArray(17, '\x42')}) {
         ASSERT_TRUE(TestFiles::Write(Temp(), stale));
+        const ino_t romFile = FileNumber(RomPath);
         Script.AnswerYes();
-        ASSERT_TRUE(Save(Backup::Offer, {3}, value)) << Transcript().toStdString();
+        ASSERT_TRUE(Save(Backup::Offer, {7, 200}, value)) << Transcript().toStdString();
+        EXPECT_EQ(FileNumber(Bak()), romFile);
+        EXPECT_NE(FileNumber(RomPath), romFile);
         EXPECT_EQ(TestFiles::Read(Bak()), rom);
-        rom = With(rom, {3}, value++);
+        rom = With(rom, {7, 200}, value++);
         EXPECT_EQ(TestFiles::Read(RomPath), rom);
-        EXPECT_FALSE(QFile::exists(Temp()));
+        EXPECT_TRUE(Files(ProgramFolder).isEmpty())
+            << Files(ProgramFolder).join(u',').toStdString();
+        EXPECT_EQ(Files(RomFolder).size(), 2);
     }
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
-}
-
-TEST_F(RomSave, BackupHoldsTheStateBeforeTheLatestSaveWithAYes) {
-    Script.AnswerYes();
-    ASSERT_TRUE(Save(Backup::Offer, {10}, 0xAA)) << Transcript().toStdString();
-    const QByteArray afterFirst = With(Original, {10}, 0xAA);
-    Script.AnswerYes();
-    ASSERT_TRUE(Save(Backup::Offer, {11}, 0xBB)) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(Bak()), afterFirst);
-    const QByteArray afterSecond = With(afterFirst, {11}, 0xBB);
-    EXPECT_EQ(TestFiles::Read(RomPath), afterSecond);
-    // A No leaves the older backup alone.
+    const QByteArray backup = TestFiles::Read(Bak());
     Script.AnswerNo();
     ASSERT_TRUE(Save(Backup::Offer, {12}, 0xCC));
-    EXPECT_EQ(TestFiles::Read(Bak()), afterFirst);
-    EXPECT_EQ(TestFiles::Read(RomPath), With(afterSecond, {12}, 0xCC));
-    EXPECT_EQ(Script.Count(Question()), 3);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
-}
-
-TEST_F(RomSave, SkippedBackupAsksNothing) {
     ASSERT_TRUE(Save(Backup::Skip, {RomSize}, 0x10));
-    EXPECT_TRUE(Script.Transcript().empty()) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {RomSize}, 0x10));
-    EXPECT_FALSE(QFile::exists(Bak()));
-}
+    EXPECT_EQ(TestFiles::Read(Bak()), backup);
+    EXPECT_EQ(TestFiles::Read(RomPath), With(With(rom, {12}, 0xCC), {RomSize}, 0x10));
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 4) << Transcript().toStdString();
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
 
-TEST_F(RomSave, BackupWorksWithTheRomInTheProgramFolder) {
+    // A ROM in the program's folder itself.
     RomPath = QDir(ProgramFolder).filePath(QStringLiteral("Morlick Blue.gb"));
     ASSERT_TRUE(TestFiles::Write(RomPath, Original));
     Script.AnswerYes();
@@ -169,24 +257,26 @@ TEST_F(RomSave, BackupWorksWithTheRomInTheProgramFolder) {
     EXPECT_FALSE(QFile::exists(Temp()));
 }
 
-// Each step of the backup made to fail in turn. What must lie on the disk
-// afterwards: the ROM whole under its name wherever that can be, and never a
-// save written into anything.
+// Each step of the backup made to fail in turn, a copy that comes up short
+// among them. What must lie on the disk afterwards: the ROM whole under its
+// name wherever that can be, and never a save written into anything.
 TEST_F(RomSave, EachFailingBackupStepStopsTheSaveAndKeepsTheRom) {
     struct Case {
         const char* step;
-        std::vector<std::pair<FileOps::Op, int>> faults;
+        std::vector<std::pair<Op, int>> faults;
         bool romAtItsName;     // else the ROM's bytes are in the .BAK file
         const char* bakHolds;  // "older", "rom" or "" for no file
         bool tempLeft;
     };
     const std::vector<Case> cases = {
-        {"1: old backup not deleted", {{FileOps::Op::Remove, 1}}, true, "older", false},
-        {"2: no temporary copy", {{FileOps::Op::Copy, 1}}, true, "", false},
-        {"3: ROM not renamed", {{FileOps::Op::Rename, 1}}, true, "", false},
-        {"4: copy not written back, ROM renamed back", {{FileOps::Op::Copy, 2}}, true, "", false},
+        {"1: old backup not deleted", {{Op::Remove, 1}}, true, "older", false},
+        {"2: no temporary copy", {{Op::Copy, 1}}, true, "", false},
+        {"2: temporary copy short", {{Op::ShortCopy, 1}}, true, "", false},
+        {"3: ROM not renamed", {{Op::Rename, 1}}, true, "", false},
+        {"4: copy not written back, ROM renamed back", {{Op::Copy, 2}}, true, "", false},
+        {"4: copy written back short, ROM renamed back", {{Op::ShortCopy, 2}}, true, "", false},
         {"4: copy not written back, ROM not renamed back",
-         {{FileOps::Op::Copy, 2}, {FileOps::Op::Rename, 2}},
+         {{Op::Copy, 2}, {Op::Rename, 2}},
          false,
          "rom",
          true},
@@ -232,69 +322,69 @@ TEST_F(RomSave, EachFailingBackupStepStopsTheSaveAndKeepsTheRom) {
     }
 }
 
-TEST_F(RomSave, RomNamedLikeTheTemporaryCopyIsRefusedWhole) {
+// Saves that stop before any byte is written, each told once: a ROM that is
+// gone or changed its length since it was read, a ROM named like the
+// temporary copy, a position outside the ROM and a write the disk refuses.
+TEST_F(RomSave, ASaveThatCannotGoThroughIsToldAndChangesNothing) {
+    const QByteArray older("older backup");
+    ASSERT_TRUE(TestFiles::Write(Bak(), older));
+    const struct {
+        const char* name;
+        std::function<bool()> save;
+        QString told;
+        bool wrote;
+    } cases[] = {
+        {"a ROM grown since it was read",
+         [&] { return Save(Backup::Offer, {1}, 0x01, RomSize - 1); }, QStringLiteral("bytes long"),
+         false},
+        {"a ROM shortened since it was read",
+         [&] { return Save(Backup::Offer, {1}, 0x01, RomSize + 1); }, QStringLiteral("bytes long"),
+         false},
+        {"a position outside the ROM",
+         [&] {
+             return Save(Backup::Skip, {5, RomSize + 1, 6}, 0x44);
+         },
+         QString::number(RomSize + 1), true},
+        {"a refused write",
+         [&] {
+             FileOps::FailOn(Op::Write);
+             return Save(Backup::Skip, {3, 4}, 0x11);
+         },
+         QStringLiteral("could not be written"), true},
+        {"a ROM that is gone",
+         [&] {
+             QFile::rename(RomPath, RomPath + QStringLiteral(".moved"));
+             const bool saved = Save(Backup::Offer, {1}, 0x01);
+             QFile::rename(RomPath + QStringLiteral(".moved"), RomPath);
+             return saved;
+         },
+         QStringLiteral("no longer there"), false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Script.Clear();
+        Script.AnswerYes();
+        EXPECT_FALSE(c.save());
+        EXPECT_EQ(Wrote, c.wrote);
+        ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
+        EXPECT_TRUE(Script.Transcript().back().text.contains(c.told)) << Transcript().toStdString();
+        EXPECT_EQ(TestFiles::Read(RomPath), Original);
+        EXPECT_EQ(TestFiles::Read(Bak()), older);
+    }
+
     // The user opened "temp.twy" in the program's folder: the backup's own
-    // temporary name. Nothing may be deleted, neither the ROM nor its backup.
+    // temporary name. Nothing may be deleted; without a backup the save goes on.
     RomPath = Temp();
     ASSERT_TRUE(TestFiles::Write(RomPath, Original));
-    ASSERT_TRUE(TestFiles::Write(Bak(), QByteArray("older backup")));
+    ASSERT_TRUE(TestFiles::Write(Bak(), older));
+    Script.Clear();
     Script.AnswerYes();
     EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
     EXPECT_FALSE(Wrote);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("temp.twy")));
     EXPECT_EQ(TestFiles::Read(RomPath), Original);
-    EXPECT_EQ(TestFiles::Read(Bak()), QByteArray("older backup"));
-
-    // Without a backup the save goes on as the user asked.
-    Script.Clear();
+    EXPECT_EQ(TestFiles::Read(Bak()), older);
     Script.AnswerNo();
     EXPECT_TRUE(Save(Backup::Offer, {1}, 0x00)) << Transcript().toStdString();
     EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {1}, 0x00));
-}
-
-TEST_F(RomSave, RefusedWriteIsToldAndChangesNothing) {
-    FileOps::FailOn(FileOps::Op::Write);
-    EXPECT_FALSE(Save(Backup::Skip, {3, 4}, 0x11));
-    EXPECT_TRUE(Wrote);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), Original);
-}
-
-TEST_F(RomSave, PositionOutsideTheRomSavesNothingAndWarnsOnce) {
-    EXPECT_FALSE(Save(Backup::Skip, {5, RomSize + 1, 6}, 0x44));
-    EXPECT_TRUE(Wrote);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QString::number(RomSize + 1)))
-        << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), Original);
-
-    // With a backup made first, the backup is whole and the ROM still unchanged.
-    Script.Clear();
-    Script.AnswerYes();
-    EXPECT_FALSE(Save(Backup::Offer, {5, 0}, 0x44));
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), Original);
-    EXPECT_EQ(TestFiles::Read(Bak()), Original);
-}
-
-TEST_F(RomSave, MissingRomIsToldAndNotMadeAgain) {
-    ASSERT_TRUE(QFile::remove(RomPath));
-    // The backup of an earlier save may now be the only copy of the ROM.
-    const QByteArray older("older backup");
-    ASSERT_TRUE(TestFiles::Write(Bak(), older));
-    EXPECT_FALSE(Save(Backup::Skip, {1}, 0x01));
-    EXPECT_FALSE(Wrote);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_FALSE(QFile::exists(RomPath));
-
-    Script.Clear();
-    Script.AnswerYes();
-    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x01));
-    EXPECT_FALSE(Wrote);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1) << Transcript().toStdString();
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0) << Transcript().toStdString();
-    EXPECT_FALSE(QFile::exists(RomPath));
-    EXPECT_EQ(TestFiles::Read(Bak()), older);
-    EXPECT_FALSE(QFile::exists(Temp()));
 }
