@@ -78,9 +78,9 @@ protected:
     Fixture::SmallProject Project = WarpProject();
 };
 
-// Opening, a save with no move, a placement, a typed target and a save: the
-// bytes of the list alone change, the offsets come off for the ROM and go
-// back on for the window, and a target of 255, the highest, is no fault.
+// A placement and a typed target, then a save: the bytes of the list alone
+// change, the offsets come off for the ROM and go back on for the window, and
+// a target of 255, the highest, is no fault. A field outside a byte is not saved.
 TEST_F(WarpEditTest, TheWarpSaveRewritesExactlyItsListWithTheOffsetsTakenOff) {
     WarpEdit* w = Open(Town);
     ASSERT_NE(w, nullptr);
