@@ -69,6 +69,8 @@ Fixture::SmallProject EventProject() {
     project.AddEventList(
         Town, Plain, {Bytes({1, 5, 0, 7, 0}), Bytes({2, 6, 11, 12, 13}), Bytes({3, 0, 21, 22, 0})});
     project.AddEventList(Town, Bare, {Bytes({1, 1, 1, 1, 1})});
+    // One more than a full list: 33 of two biases.
+    project.AddEventList(Town, TwoBias, std::vector<QByteArray>(33, Bytes({1, 3, 0})));
     // Three plain events ending with the ROM's last byte, and three that
     // would run one byte past it.
     const int size = project.Rom.Size();
@@ -142,7 +144,13 @@ TEST_F(EventEditTest, OpensOnTypeZeroWithTheFieldsItsRowNames) {
     EXPECT_FALSE(e->TextString->isVisibleTo(e));
     EXPECT_FALSE(e->Item->isVisibleTo(e));
     EXPECT_EQ(e->Item->text(), QStringLiteral("0"));  // hidden, it keeps its text
+    // 33 events: the first 32, and a word about it.
+    Go(e, TwoBias);
+    EXPECT_EQ(e->EventCount, 32);
+    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Information), 1);
+    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("has 33 events")));
     ASSERT_TRUE(Close(e));
+    Script.Clear();
 
     // A list that ends with the ROM opens; one a byte longer keeps the window shut.
     e = Open(Edge);
