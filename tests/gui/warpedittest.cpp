@@ -1,20 +1,21 @@
-#include <QFile>
-#include <QTest>
+#include <algorithm>
 #include <limits>
 #include <memory>
 
-#include "core/defines.h"
 #include "mapview/compose.h"
 #include "mapview/tiles.h"
-#include "support/apptest.h"
+#include "support/placementtest.h"
 #include "warpedit/warpedit.h"
 
+// The warp editor, and through it what it shares with the event editor: the
+// placement view's symbols, squares and gridlines on the main window's map.
 namespace {
 
 constexpr int RomSize = 64 * 1024;
+constexpr std::int32_t Highest = std::numeric_limits<std::int32_t>::max();
 
 // Map rows of the project.
-enum { Town, Wide, One, Three, Eight, NoWarpTo, Many, Outside, Empty, AtEnd };
+enum { Town, Wide, Three, Eight, Many, Outside, Empty, AtEnd };
 
 const QString Saved = QStringLiteral("Your changes to the warps have been saved!");
 const QString Discard = QStringLiteral("Discard the changes you have made?");
@@ -29,10 +30,8 @@ Fixture::SmallProject WarpProject() {
     };
     add("Town", 10, 8);
     add("Wide", 40, 30);
-    add("One", 1, 1);
     add("Three", 3, 2);
     add("Eight", 8, 6);
-    add("No warp-to", 4, 4);
     add("Many", 4, 4);
     add("Outside", 4, 4);
     add("Empty", 4, 4);
@@ -46,13 +45,14 @@ Fixture::SmallProject WarpProject() {
     // Around the edges of the view's 16 x 12 squares.
     project.AddWarps(Wide, {{0, 15, 0, 0}, {0, 16, 0, 0}, {11, 2, 0, 0}, {12, 1, 0, 0}});
     project.AddWarpTo(Wide, {});
-    for (const int map : {One, Three, Eight})
+    for (const int map : {Three, Eight})
         project.AddWarps(map, {{0, 0, 1, 1}});
-    project.AddWarps(NoWarpTo, {{2, 2, 9, 9}});
+    // Seventeen warps, one past a full list, and a full list of warp-to points.
     std::vector<Fixture::Warp> seventeen(17);
     for (int i = 0; i < 17; ++i)
         seventeen[i] = {i % 8, i % 8, i, i};
     project.AddWarps(Many, seventeen);
+    project.AddWarpTo(Many, std::vector<Fixture::WarpToPoint>(16));
     project.AddWarps(Empty, {});
     // Lists of three warps: one ends with the ROM's last byte, the other
     // would run one byte past it.
@@ -60,75 +60,32 @@ Fixture::SmallProject WarpProject() {
     project.Map(Outside).ObjectPos = RomSize - 12;
     project.Rom.PutByte(RomSize - 12, 3);
     project.Rom.PutByte(RomSize - 11, 3);
-    for (const int map : {Many, Outside, Empty, One, Three, Eight, NoWarpTo, AtEnd})
+    for (const int map : {Outside, Empty, Three, Eight, AtEnd})
         project.AddWarpTo(map, {{0, 0, 0}});
-    project.Map(NoWarpTo).WarpToPos = 1;
     return project;
 }
 
 }  // namespace
 
-class WarpEditTest : public AppTest {
+class WarpEditTest : public PlacementTest<WarpEdit, &MainForm::mnuWarpEdit> {
 protected:
     void SetUp() override {
         AppTest::SetUp();
-        Form = StartUp(Project);
-        ASSERT_NE(Form, nullptr);
-    }
-    WarpEdit* Open(int map = Town) {
-        GoTo(Form, 0, map);
-        Form->mnuWarpEdit->trigger();
-        for (WarpEdit* w : Form->findChildren<WarpEdit*>())
-            if (w->isVisible()) return w;
-        return nullptr;
-    }
-    bool Close(WarpEdit* w) {
-        const bool closed = w->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return closed;
-    }
-    // Presses the cell of a view block (0 to 7, 0 to 5) at a place (0 to 15).
-    static void PressCell(WarpEdit* w, int bx, int by, int place) {
-        ::PressCell(w->Placement->View->MapTile, 16 * (bx + 8 * by) + place);
-    }
-    static void PressSymbol(WarpEdit* w, int index) {
-        QTest::mousePress(w->WarpSym[index], Qt::LeftButton);
-    }
-    void Save(WarpEdit* w) {
-        Script.AnswerNo();  // no backup
-        QTest::mouseClick(w->Command1, Qt::LeftButton);
+        StartUpOn(Project);
     }
     const Fixture::MapRow& Row(int map) const { return Project.Categories[0].Maps[map]; }
-    void PutRomByte(int position, quint8 value) {
-        QFile file(Defines.RomPath);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        file.seek(position - 1);
-        file.write(reinterpret_cast<const char*>(&value), 1);
-    }
-    quint8 RomByte(const QByteArray& rom, int position) const {
-        return static_cast<quint8>(rom[position - 1]);
-    }
 
     Fixture::SmallProject Project = WarpProject();
-    MainForm* Form = nullptr;
 };
 
+// A placement and a typed target, then a save: the bytes of the list alone
+// change, the offsets come off for the ROM and go back on for the window, and
+// a target of 255, the highest, is no fault. A field outside a byte is not saved.
 TEST_F(WarpEditTest, TheWarpSaveRewritesExactlyItsListWithTheOffsetsTakenOff) {
-    WarpEdit* w = Open();
+    WarpEdit* w = Open(Town);
     ASSERT_NE(w, nullptr);
-    // The table holds the window's coordinates: the offsets are on.
     EXPECT_EQ(w->WarpCount, 3);
     EXPECT_EQ(w->Warps[0], (WarpRecord{1 + 3, 4 + 2, 5, 6}));
-    EXPECT_EQ(w->ToMap->text(), QStringLiteral("6"));
-    EXPECT_EQ(w->ToPoint->text(), QStringLiteral("5"));
-    EXPECT_EQ(w->DWarpNum->text(), QStringLiteral("Warp Number: 0"));
-
-    // A save with no move rewrites the same bytes.
-    const QByteArray before = ReadFile(Defines.RomPath);
-    Save(w);
-    EXPECT_EQ(Script.Count(Saved), 1);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
-    EXPECT_EQ(w->Warps[0], (WarpRecord{4, 6, 5, 6}));  // the offsets are back on
 
     // Behind the window's back: the count, both ends of the list and the
     // byte after it. The save puts back the list and nothing else.
@@ -139,44 +96,58 @@ TEST_F(WarpEditTest, TheWarpSaveRewritesExactlyItsListWithTheOffsetsTakenOff) {
         PutRomByte(at, 0xEE);
     const QByteArray tampered = ReadFile(Defines.RomPath);
 
-    // Warp 1 to the square right of and below the top left of block (2, 3).
+    // A typed target is lost when another warp is selected.
+    w->ToMap->setText(QStringLiteral("77"));
     PressSymbol(w, 1);
+    EXPECT_EQ(w->DWarpNum->text(), QStringLiteral("Warp Number: 1"));
+    EXPECT_EQ(w->ToMap->text(), QStringLiteral("255"));
+    EXPECT_EQ(w->ToPoint->text(), QStringLiteral("0"));
+    // Warp 1 to the square right of and below the top left of block (2, 3);
+    // its point typed, and rounded half to even.
     PressCell(w, 1, 2, 10);
     EXPECT_TRUE(w->WarpsChanged);
     EXPECT_EQ(w->Warps[1][0], 5);  // y = 2 * 3 - 2 + 1
     EXPECT_EQ(w->Warps[1][1], 3);  // x = 2 * 2 - 2 + 1
+    w->ToPoint->setText(QStringLiteral(" 2.5 "));
     Save(w);
     EXPECT_FALSE(w->WarpsChanged);
+    EXPECT_EQ(Script.Count(Saved), 1);
     const QByteArray after = ReadFile(Defines.RomPath);
-    ASSERT_EQ(after.size(), tampered.size());
-    EXPECT_EQ(Differences(tampered, after), (std::vector<int>{first, first + 4, first + 5, last}));
+    EXPECT_EQ(Differences(tampered, after),
+              (std::vector<int>{first, first + 4, first + 5, first + 6, last}));
     EXPECT_EQ(RomByte(after, first), 1);
     EXPECT_EQ(RomByte(after, first + 4), 5 - 3);
     EXPECT_EQ(RomByte(after, first + 5), 3 - 2);
+    EXPECT_EQ(RomByte(after, first + 6), 2);
     EXPECT_EQ(RomByte(after, last), 1);
-    EXPECT_EQ(RomByte(after, p), RomByte(before, p));  // the border byte
-    EXPECT_EQ(RomByte(after, p + 1), 0xEE);            // the count is never written
-    EXPECT_EQ(RomByte(after, last + 1), 0xEE);
+    // After its save the window shows the warp where it was put and the
+    // typed point as a number.
+    EXPECT_EQ(w->Warps[1], (WarpRecord{5, 3, 2, 255}));
+    PressSymbol(w, 0);
+    PressSymbol(w, 1);
+    EXPECT_EQ(w->ToPoint->text(), QStringLiteral("2"));
 
-    // Reopened, the window finds the warp where it was put.
-    ASSERT_TRUE(Close(w));
-    w = Open();
-    ASSERT_NE(w, nullptr);
-    EXPECT_EQ(w->Warps[1][0], 5);
-    EXPECT_EQ(w->Warps[1][1], 3);
+    // A field outside a byte refuses the save, the entry and the field named,
+    // and leaves the table in the window's coordinates.
+    Script.Clear();
+    w->ToMap->setText(QStringLiteral("256"));
+    Save(w);
+    ExpectRefused(QStringLiteral("Warp 1"), QStringLiteral("Warp-To Map"), after);
+    w->ToMap->setText(QStringLiteral("6"));
+    PressSymbol(w, 2);
+    PressCell(w, 0, 2, 2);  // x = 1 falls below the map's offset of 2
+    Save(w);
+    ExpectRefused(QStringLiteral("Warp 2"), QStringLiteral("its x"), after);
+    EXPECT_EQ(w->Warps[2][1], 1);
 }
 
 TEST_F(WarpEditTest, TheWarpToSaveWritesTheEventPlacementAndLeavesTheWarpsAlone) {
-    WarpEdit* w = Open();
+    WarpEdit* w = Open(Town);
     ASSERT_NE(w, nullptr);
     w->EditWarpTo->click();
-    EXPECT_EQ(w->DWarpNum->text(), QStringLiteral("Warp-To Number: 0"));
     EXPECT_FALSE(w->ToMap->isVisible());
-    EXPECT_FALSE(w->Label3->isVisible());
     EXPECT_TRUE(w->Label4->isVisible());
     EXPECT_EQ(w->WarpCount, 2);
-    EXPECT_EQ(w->Warps[0][2], 2 + 3);
-    EXPECT_EQ(w->Warps[0][3], 3 + 2);
     EXPECT_EQ(w->WarpSym[0]->Picture(), &w->WarpToSel);
     EXPECT_EQ(w->WarpSym[1]->Picture(), &w->WarpToNon);
     const QByteArray before = ReadFile(Defines.RomPath);
@@ -184,6 +155,7 @@ TEST_F(WarpEditTest, TheWarpToSaveWritesTheEventPlacementAndLeavesTheWarpsAlone)
     // Point 1 to block (3, 4) of a map 10 wide: 239 + 10 + 2 + 3 x 16 = 299,
     // which carries once. Every quadrant gives the same placement.
     PressSymbol(w, 1);
+    EXPECT_EQ(w->DWarpNum->text(), QStringLiteral("Warp-To Number: 1"));
     for (const int place : {0, 3, 12, 15}) {
         PressCell(w, 2, 3, place);
         EXPECT_EQ(w->Label4->text(), QStringLiteral("Event Placement: 43"));
@@ -197,7 +169,6 @@ TEST_F(WarpEditTest, TheWarpToSaveWritesTheEventPlacementAndLeavesTheWarpsAlone)
     // The high byte was 199 already.
     EXPECT_EQ(Differences(before, after), (std::vector<int>{q + 4, q + 6, q + 7}));
     EXPECT_EQ(RomByte(after, q + 4), 43);
-    EXPECT_EQ(RomByte(after, q + 5), 199);
     EXPECT_EQ(RomByte(after, q + 6), 7 - 3);
     EXPECT_EQ(RomByte(after, q + 7), 5 - 2);
 
@@ -205,13 +176,6 @@ TEST_F(WarpEditTest, TheWarpToSaveWritesTheEventPlacementAndLeavesTheWarpsAlone)
     w->EditWarps->click();
     EXPECT_EQ(w->Warps[0], (WarpRecord{4, 6, 5, 6}));
     EXPECT_EQ(w->WarpSym[0]->Picture(), &w->WarpSel);
-
-    // The carry works downwards too.
-    std::int32_t low = 0;
-    std::int32_t high = 0;
-    EventPlacement(10, 0, 0, -250, low, high);
-    EXPECT_EQ(low, 255);
-    EXPECT_EQ(high, 197);
 }
 
 TEST_F(WarpEditTest, SymbolsShowOnlyInsideTheViewAndFollowItsScrolls) {
@@ -224,10 +188,25 @@ TEST_F(WarpEditTest, SymbolsShowOnlyInsideTheViewAndFollowItsScrolls) {
     EXPECT_TRUE(sym[2]->isVisibleTo(w));
     EXPECT_EQ(sym[2]->TopTwips(), 5400);   // y = 11
     EXPECT_FALSE(sym[3]->isVisibleTo(w));  // y = 12
-    for (int i = 4; i < 16; ++i)
-        EXPECT_FALSE(sym[i]->isVisibleTo(w)) << i;
+    EXPECT_FALSE(sym[4]->isVisibleTo(w));  // no warp
 
-    w->Placement->View->HScroll->setValue(2);
+    // Each bar scrolls one square a step, until the last column or row
+    // reaches the view's edge; the cells show the squares from there on.
+    MapView* view = w->Placement->View;
+    EXPECT_EQ(view->HScroll->maximum(), 40 - 7);
+    EXPECT_EQ(view->VScroll->maximum(), 30 - 5);
+    const auto shows = [view](int slot, int x, int y) {
+        const int tile = Defines.BlockTiles[Defines.MapGrid[y][x]][5];
+        return view->MapTile->Picture(16 * slot + 5) == TilePicture(TileIndex(tile));
+    };
+    view->VScroll->setValue(25);
+    view->HScroll->setValue(33);
+    EXPECT_TRUE(shows(0, 33, 25));
+    EXPECT_TRUE(shows(47, 40, 30));
+    view->VScroll->setValue(1);
+    view->HScroll->setValue(2);
+    EXPECT_TRUE(shows(0, 2, 1));
+    EXPECT_TRUE(shows(47, 9, 6));
     EXPECT_EQ(sym[2]->LeftTwips(), 120);  // x = 2
     EXPECT_TRUE(sym[1]->isVisibleTo(w));
     EXPECT_EQ(sym[1]->LeftTwips(), 6840);  // x = 16
@@ -243,8 +222,10 @@ TEST_F(WarpEditTest, SymbolsShowOnlyInsideTheViewAndFollowItsScrolls) {
     EXPECT_EQ(sym[0]->LeftTwips(), 120);
 }
 
+// Of two symbols on one square the selected one is in front, also after a
+// scroll; a press on it selects it and never moves it.
 TEST_F(WarpEditTest, APressOnASymbolSelectsItAndNeverMovesIt) {
-    WarpEdit* w = Open();
+    WarpEdit* w = Open(Town);
     ASSERT_NE(w, nullptr);
     // Warp 2 onto warp 0's square (x 6, y 4: block 4, 3, its upper left).
     PressSymbol(w, 2);
@@ -254,144 +235,83 @@ TEST_F(WarpEditTest, APressOnASymbolSelectsItAndNeverMovesIt) {
     w->WarpsChanged = false;
     const QPoint square =
         w->WarpSym[0]->mapTo(w->Client(), QPoint(16, 16));  // the middle of the square
-    // Warp 2, selected, lies on top: a press there reaches it.
     EXPECT_EQ(w->Client()->childAt(square), w->WarpSym[2]);
     PressSymbol(w, 0);
     EXPECT_EQ(w->SelWarp, 0);
     EXPECT_EQ(w->Client()->childAt(square), w->WarpSym[0]);
     EXPECT_EQ(w->WarpSym[0]->Picture(), &w->WarpSel);
     EXPECT_EQ(w->WarpSym[2]->Picture(), &w->WarpNon);
-    EXPECT_EQ(w->Warps[0], (WarpRecord{4, 6, 5, 6}));
     EXPECT_FALSE(w->WarpsChanged);
-    // After a scroll the selected one is still on top.
+    // Whatever lies in front, a scroll that puts the symbols back brings the
+    // selected one to the front.
+    w->WarpSym[2]->raise();
     w->Placement->View->VScroll->setValue(2);
     w->Placement->View->VScroll->setValue(1);
     EXPECT_EQ(w->Client()->childAt(square), w->WarpSym[0]);
-    // Closing asks nothing: no placement since the flag was cleared.
-    EXPECT_TRUE(Close(w));
-    EXPECT_EQ(Script.Count(Discard), 0);
 }
 
-TEST_F(WarpEditTest, TypedTargetsReachOnlyTheRowSelectedAtTheSave) {
-    WarpEdit* w = Open();
-    ASSERT_NE(w, nullptr);
-    const int first = Row(Town).ObjectPos + 2;
-    w->ToMap->setText(QStringLiteral("77"));
-    PressSymbol(w, 1);  // the typed 77 is lost
-    EXPECT_EQ(w->ToMap->text(), QStringLiteral("255"));
-    w->ToPoint->setText(QStringLiteral(" 2.5 "));
-    w->ToMap->setText(QStringLiteral("12abc"));
-    const QByteArray before = ReadFile(Defines.RomPath);
-    Save(w);
-    const QByteArray after = ReadFile(Defines.RomPath);
-    EXPECT_EQ(Differences(before, after), (std::vector<int>{first + 6, first + 7}));
-    EXPECT_EQ(RomByte(after, first + 6), 2);   // half to even
-    EXPECT_EQ(RomByte(after, first + 7), 12);  // the number the text begins with
-    EXPECT_EQ(RomByte(after, first + 3), 6);   // warp 0's target, as it was
-    // The typed values now stand in the table.
-    PressSymbol(w, 0);
-    PressSymbol(w, 1);
-    EXPECT_EQ(w->ToMap->text(), QStringLiteral("12"));
-    EXPECT_EQ(w->ToPoint->text(), QStringLiteral("2"));
-    w->ToPoint->setText(QStringLiteral("abc"));
-    w->ToMap->setText(QStringLiteral("3.5"));
-    Save(w);
-    EXPECT_EQ(RomByte(ReadFile(Defines.RomPath), first + 6), 0);
-    EXPECT_EQ(RomByte(ReadFile(Defines.RomPath), first + 7), 4);
-}
-
-TEST_F(WarpEditTest, AFieldOutsideAByteIsRefusedAndNothingIsWritten) {
-    WarpEdit* w = Open();
-    ASSERT_NE(w, nullptr);
-    const QByteArray before = ReadFile(Defines.RomPath);
-    // Beyond a byte, even beyond a double.
-    w->ToMap->setText(QStringLiteral("1e999"));
-    Save(w);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Warp 0")));
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Warp-To Map")));
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);  // refused before the backup
-    EXPECT_EQ(w->ToMap->text(), QStringLiteral("1e999"));
-
-    // An x that falls below the map's offset of 2.
-    w->ToMap->setText(QStringLiteral("6"));
-    PressSymbol(w, 2);
-    PressCell(w, 0, 2, 2);  // x = 1, y = 4
-    Script.Clear();
-    Save(w);
-    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("Warp 2")));
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("its x")));
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
-    EXPECT_EQ(w->Warps[2][1], 1);  // still in the window's coordinates
-    EXPECT_EQ(w->Warps[0], (WarpRecord{4, 6, 5, 6}));
-    EXPECT_TRUE(w->WarpsChanged);
-}
-
-TEST_F(WarpEditTest, GridlinesAtHalfBlockPitchFitTheMap) {
+// The view both editors place their entries on is the main window's map
+// view with gridlines at half-block pitch. Its frame, scroll bars, cells and
+// lines follow the map's size, with at most 8 x 6 blocks in view, and each
+// line runs the frame's length. The view starts from the main window's
+// setting, and lines turned on fit the map loaded while they were off.
+TEST_F(WarpEditTest, TheViewAndItsGridlinesFitTheMapSize) {
+    Form->mnuGridlines->trigger();
     struct Case {
-        int map;
-        int cols;
-        int rows;
+        int map, cols, rows;
     };
-    for (const Case& c : {Case{One, 1, 1}, Case{Three, 3, 2}, Case{Eight, 8, 6}}) {
+    for (const Case& c : {Case{Three, 3, 2}, Case{Eight, 8, 6}, Case{Wide, 40, 30}}) {
         SCOPED_TRACE(c.cols);
         WarpEdit* w = Open(c.map);
         ASSERT_NE(w, nullptr);
         MapView* view = w->Placement->View;
-        const int width = 960 * c.cols + 15;
-        const int height = 960 * c.rows + 15;
+        const int width = 960 * std::min(c.cols, 8) + 15;
+        const int height = 960 * std::min(c.rows, 6) + 15;
         EXPECT_EQ(view->Shape2->WidthTwips(), width);
-        for (int pass = 0; pass < 2; ++pass) {
-            ASSERT_EQ(view->Vertical.size(), 15u);
-            ASSERT_EQ(view->Horizontal.size(), 11u);
-            for (int k = 1; k <= 15; ++k) {
-                Line* line = view->Vertical[k - 1];
-                EXPECT_EQ(line->isVisibleTo(w), k < 2 * c.cols) << k;
-                EXPECT_EQ(line->X1(), 120 + 480 * k);
-                EXPECT_EQ(line->Y2(), 120 + height);
-            }
-            for (int k = 1; k <= 11; ++k) {
-                Line* line = view->Horizontal[k - 1];
-                EXPECT_EQ(line->isVisibleTo(w), k < 2 * c.rows) << k;
-                EXPECT_EQ(line->X2(), 120 + width);
-            }
-            // Off hides every line; on brings back the same ones.
-            w->CheckGrid->click();
-            for (size_t n = 1; n < view->Lines.size(); ++n)
-                EXPECT_FALSE(view->Lines[n]->isVisibleTo(w)) << n;
-            w->CheckGrid->click();
+        EXPECT_EQ(view->Shape2->HeightTwips(), height);
+        EXPECT_EQ(view->HScroll->isVisibleTo(w), c.cols > 8);
+        EXPECT_EQ(view->VScroll->isVisibleTo(w), c.rows > 6);
+        for (int i = 0; i < 768; ++i)
+            ASSERT_EQ(view->MapTile->CellVisible(i), i / 16 % 8 < c.cols && i / 128 < c.rows) << i;
+        EXPECT_FALSE(w->CheckGrid->isChecked());
+        EXPECT_FALSE(view->Vertical[0]->isVisibleTo(w));
+        w->CheckGrid->click();
+        ASSERT_EQ(view->Vertical.size(), 15u);
+        ASSERT_EQ(view->Horizontal.size(), 11u);
+        for (int k = 1; k <= 15; ++k) {
+            EXPECT_EQ(view->Vertical[k - 1]->isVisibleTo(w), k < 2 * c.cols) << k;
+            EXPECT_EQ(view->Vertical[k - 1]->X1(), 120 + 480 * k);
+            EXPECT_EQ(view->Vertical[k - 1]->Y2(), 120 + height);
+        }
+        for (int k = 1; k <= 11; ++k) {
+            EXPECT_EQ(view->Horizontal[k - 1]->isVisibleTo(w), k < 2 * c.rows) << k;
+            EXPECT_EQ(view->Horizontal[k - 1]->X2(), 120 + width);
         }
         // The names: Line13 is vertical line 8, Line21 horizontal line 6.
         EXPECT_EQ(view->Lines[13], view->Vertical[7]);
         EXPECT_EQ(view->Lines[21], view->Horizontal[5]);
-        EXPECT_EQ(view->Lines[12], view->Horizontal[4]);
+        w->CheckGrid->click();
+        for (size_t n = 1; n < view->Lines.size(); ++n)
+            EXPECT_FALSE(view->Lines[n]->isVisibleTo(w)) << n;
+        // A cell beyond the map takes no press.
+        PressCell(w, 7, 5, 0);
+        EXPECT_EQ(w->WarpsChanged, c.map != Three);
+        w->WarpsChanged = false;
         ASSERT_TRUE(Close(w));
     }
-    // The view starts from the main window's setting.
-    Form->mnuGridlines->trigger();
-    WarpEdit* w = Open(Eight);
-    ASSERT_NE(w, nullptr);
-    EXPECT_FALSE(w->CheckGrid->isChecked());
-    EXPECT_FALSE(w->Placement->View->Vertical[0]->isVisibleTo(w));
 }
 
 TEST_F(WarpEditTest, ListsTheEditorCannotReadWhollyAreToldOnOpening) {
-    // No warp-to list: that mode cannot be chosen.
-    WarpEdit* w = Open(NoWarpTo);
-    ASSERT_NE(w, nullptr);
-    EXPECT_FALSE(w->EditWarpTo->isEnabled());
-    ASSERT_TRUE(Close(w));
-
-    // Seventeen warps: the first sixteen, and a word about it.
-    w = Open(Many);
+    // Seventeen warps: the first sixteen, and a word about it; sixteen
+    // warp-to points are a full list, shown without a word.
+    WarpEdit* w = Open(Many);
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->WarpCount, 16);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Information), 1);
     EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("17")));
-    const QByteArray before = ReadFile(Defines.RomPath);
-    Save(w);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
+    w->EditWarpTo->click();
+    EXPECT_EQ(w->WarpCount, 16);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Information), 1);
     ASSERT_TRUE(Close(w));
 
     // A list that ends with the ROM opens; one a byte longer keeps the window shut.
@@ -399,38 +319,35 @@ TEST_F(WarpEditTest, ListsTheEditorCannotReadWhollyAreToldOnOpening) {
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->WarpCount, 3);
     ASSERT_TRUE(Close(w));
+    Script.Clear();
     EXPECT_EQ(Open(Outside), nullptr);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_TRUE(Form->isVisible());
 
-    // No warps: a save confirms and writes nothing; a placement fills row 0.
-    w = Open(Empty);
-    ASSERT_NE(w, nullptr);
-    EXPECT_EQ(w->WarpCount, 0);
-    EXPECT_FALSE(w->WarpSym[0]->isVisibleTo(w));
-    PressCell(w, 0, 0, 0);
-    EXPECT_TRUE(w->WarpSym[0]->isVisibleTo(w));
-    EXPECT_TRUE(w->WarpsChanged);
-    Script.Clear();
-    Save(w);
-    EXPECT_EQ(Script.Count(Saved), 1);
-    EXPECT_FALSE(w->WarpsChanged);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
-}
+    // Object data at the highest positions: the count's position would
+    // overflow; it is refused, and the message names the highest position.
+    GoTo(Form, 0, Empty);
+    for (const std::int32_t objects : {Highest, Highest - 1}) {
+        Defines.MapTable[Empty][MapObjectPos] = Field::Number(objects);
+        Script.Clear();
+        Form->mnuWarpEdit->trigger();
+        ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+        const QString warning = Script.Transcript().back().text;
+        EXPECT_TRUE(warning.contains(QStringLiteral("warp count of map \"Empty\"")));
+        EXPECT_TRUE(warning.contains(QStringLiteral("from position %1").arg(Highest)))
+            << warning.toStdString();
+    }
 
-// Offsets from Maps.twy were taken as 32-bit numbers, so that the highest and
-// the lowest overflowed a field when they went on or off a byte. They are
-// held to 16 bits now, and an unmoved warp is written back as it was.
-TEST_F(WarpEditTest, OffsetsAtTheEndsOfTheRangeNoLongerOverflowAField) {
-    auto& town = Defines.MapTable[Town];
-    town[MapXShift] = Field::Number(std::numeric_limits<std::int32_t>::max());
-    town[MapYShift] = Field::Number(std::numeric_limits<std::int32_t>::min());
-    WarpEdit* w = Open(Town);
+    // Offsets from Maps.twy are held to 16 bits, so the highest and the
+    // lowest overflow no field, and an unmoved warp is written back as it was.
+    Defines.MapTable[Town][MapXShift] = Field::Number(Highest);
+    Defines.MapTable[Town][MapYShift] = Field::Number(std::numeric_limits<std::int32_t>::min());
+    w = Open(Town);
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Warps[0][1], 4 + 32767);  // x
     EXPECT_EQ(w->Warps[0][0], 1 - 32768);  // y
-    EXPECT_FALSE(w->WarpSym[0]->isVisibleTo(w));
     const QByteArray before = ReadFile(Defines.RomPath);
+    Script.Clear();
     Save(w);
     EXPECT_EQ(Script.Count(Saved), 1);
     EXPECT_EQ(ReadFile(Defines.RomPath), before);
@@ -439,33 +356,23 @@ TEST_F(WarpEditTest, OffsetsAtTheEndsOfTheRangeNoLongerOverflowAField) {
 // The editor works on the map as the main window holds it: unsaved painting
 // shows in it, comes back untouched, and the map save writes it afterwards.
 TEST_F(WarpEditTest, UnsavedPaintingShowsInTheEditorAndSurvivesIt) {
-    const int fromRom = Defines.MapGrid[1][1];
-    const int painted = (fromRom + 1) % 4;
-    const QPixmap* paintedTile = TilePicture(TileIndex(Defines.BlockTiles[painted][0]));
-    ASSERT_NE(paintedTile, TilePicture(TileIndex(Defines.BlockTiles[fromRom][0])));
+    const int painted = (Defines.MapGrid[1][1] + 1) % 4;
     ::PressCell(Form->SideBlock, 16 * painted);
     ::PressCell(Form->View->MapTile, 0);
-    ::PressCell(Form->BorderBlock, 0);
     const auto grid = std::make_unique<decltype(Defines.MapGrid)>(Defines.MapGrid);
     Form->mnuWarpEdit->trigger();
     WarpEdit* w = Form->findChildren<WarpEdit*>().value(0);
     ASSERT_NE(w, nullptr);
-    EXPECT_EQ(w->Placement->View->MapTile->Picture(0), paintedTile);
-    // A placement: closing asks, and No keeps the window.
+    EXPECT_EQ(w->Placement->View->MapTile->Picture(0),
+              TilePicture(TileIndex(Defines.BlockTiles[painted][0])));
+    // A placement: closing asks, and No keeps the window; after the save
+    // closing asks nothing.
     PressCell(w, 1, 2, 0);
     Script.AnswerNo();
     EXPECT_FALSE(Close(w));
-    // After the warp save closing asks nothing.
     Save(w);
     EXPECT_TRUE(Close(w));
-    EXPECT_TRUE(*grid == Defines.MapGrid);
-    EXPECT_EQ(Form->BorderNum, painted);
-    EXPECT_TRUE(Form->MapChanged);
-    EXPECT_EQ(Form->Undo.UndoCount(), 1);
-    Script.AnswerNo();  // no backup
-    Form->mnuSave->trigger();
-    const QByteArray after = ReadFile(Defines.RomPath);
-    EXPECT_EQ(RomByte(after, Row(Town).GridPos), painted);
-    EXPECT_EQ(RomByte(after, Row(Town).ObjectPos), painted);
     EXPECT_EQ(Script.Count(Discard), 1);
+    EXPECT_TRUE(*grid == Defines.MapGrid);
+    EXPECT_TRUE(Form->MapChanged);
 }

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QFile>
+#include <QTest>
+
+#include "core/defines.h"
+#include "support/apptest.h"
+
+// A test of an editor that places entries on the placement view: the warp
+// editor and the event editor. `Menu` is the main window's command that
+// opens it.
+template <class Editor, QAction* MainForm::*Menu>
+class PlacementTest : public AppTest {
+protected:
+    // Starts up on the project: the main window, with no editor open.
+    void StartUpOn(const Fixture::SmallProject& project) {
+        Form = StartUp(project);
+        ASSERT_NE(Form, nullptr);
+    }
+    // Goes to a map of category 0 and opens the editor; nullptr when it stays shut.
+    Editor* Open(int map) {
+        GoTo(Form, 0, map);
+        (Form->*Menu)->trigger();
+        for (Editor* e : Form->template findChildren<Editor*>())
+            if (e->isVisible()) return e;
+        return nullptr;
+    }
+    bool Close(Editor* e) {
+        const bool closed = e->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return closed;
+    }
+    // Presses the cell of a view block (0 to 7, 0 to 5) at a place (0 to 15).
+    static void PressCell(Editor* e, int bx, int by, int place) {
+        ::PressCell(e->Placement->View->MapTile, 16 * (bx + 8 * by) + place);
+    }
+    static void PressSymbol(Editor* e, int index) {
+        QTest::mousePress(e->Placement->Sym[index], Qt::LeftButton);
+    }
+    // Clicks "Save" and answers No to the backup.
+    void Save(Editor* e) {
+        Script.AnswerNo();
+        QTest::mouseClick(e->Command1, Qt::LeftButton);
+    }
+    // The last save was refused before the backup question, with a warning
+    // that names the entry and the field, and the ROM is `rom` still.
+    void ExpectRefused(const QString& entry, const QString& field, const QByteArray& rom) {
+        ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+        const QString warning = Script.Transcript().back().text;
+        EXPECT_TRUE(warning.contains(entry) && warning.contains(field)) << warning.toStdString();
+        EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
+        EXPECT_EQ(ReadFile(Defines.RomPath), rom);
+        Script.Clear();
+    }
+    // Changes a byte of the ROM file behind the editor's back.
+    static void PutRomByte(int position, quint8 value) {
+        QFile file(Defines.RomPath);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        file.seek(position - 1);
+        file.write(reinterpret_cast<const char*>(&value), 1);
+    }
+    static quint8 RomByte(const QByteArray& rom, int position) {
+        return static_cast<quint8>(rom[position - 1]);
+    }
+
+    MainForm* Form = nullptr;
+};
