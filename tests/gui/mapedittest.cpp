@@ -145,7 +145,6 @@ TEST_F(MapEditTest, PaletteSelectsAndPicksUpBlocks) {
     PressCell(Form->BorderBlock, 0, Qt::RightButton);  // byte 0 is no block
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Beep), 1);
     EXPECT_EQ(Form->CurBlock, 20);
-    EXPECT_EQ(Form->Undo.UndoCount(), 0);
 
     GoTo(Form, 0, 2);  // eight blocks: the bar cannot move past 2
     EXPECT_EQ(Form->Scroll->maximum(), 2);
@@ -336,7 +335,6 @@ TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
     Form->mnuSaveAs->trigger();
     EXPECT_EQ(Script.Count(QStringLiteral("This file already exists. Overwrite it?")), 1);
     EXPECT_EQ(ReadFile(other), before);
-    EXPECT_EQ(Defines.RomPath, copy);
 
     // A hard link is a second name of the open ROM.
     const QString alias = PathOf(QStringLiteral("alias.gb"));
@@ -392,6 +390,15 @@ TEST_F(MapEditTest, MenuBarAndWindowSizeAreAsTheUserFirstSeesThem) {
                        "&Help: &About F1"));
     EXPECT_TRUE(Form->ToolButtons[0]->isChecked());
     EXPECT_EQ(Form->ToolButtons[2]->toolTip(), QStringLiteral("Rectangle (R)"));
+    // About hides the main window until its own button closes it.
+    Form->mnuAbout->trigger();
+    EXPECT_FALSE(Form->isVisible());
+    const About* about = Form->findChild<About*>();
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(QStringList({about->windowTitle(), about->Label1->text(), about->Command1->text()}),
+              QStringList({"About Tarnwey", "Tarnwey Version 1.2", "^_^"}));
+    QTest::mouseClick(about->Command1, Qt::LeftButton);
+    EXPECT_TRUE(Form->isVisible());
 }
 
 // Browsing the lists shows the notes and loads nothing; "Go" on a category
@@ -406,7 +413,6 @@ TEST_F(MapEditTest, GoAsksBeforeItDiscardsAndSetsTheCommandsFromTheMapRow) {
     EXPECT_EQ(Form->MapList->count(), 0);
     Form->Command2->click();
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Beep), 1);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
     Script.AnswerNo();
     GoTo(Form, 0, 1);
     EXPECT_EQ(Script.Count(DiscardQuestion), 1);

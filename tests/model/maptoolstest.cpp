@@ -100,9 +100,6 @@ TEST(MapTools, StepsChangeExactlyTheirSquaresAndUndoWhole) {
         EXPECT_EQ(static_cast<int>(step.Changes.size()), changed);
         step.Apply(*map.Grid, false);
         EXPECT_EQ(Draw(map), start);
-        // Nothing outside the map is touched.
-        EXPECT_EQ((*map.Grid)[0][0], 0);
-        EXPECT_EQ((*map.Grid)[5][6], 0);
     }
 }
 
@@ -116,7 +113,6 @@ TEST(MapTools, FillReachesTheWholeLargestMap) {
     const MapStep step = FillStep(*map.Grid, 255, 255, {128, 128}, 2);
     EXPECT_EQ(step.Changes.size(), 255u * 255u);
     step.Apply(*map.Grid);
-    EXPECT_EQ((*map.Grid)[255][255], 2);
     EXPECT_EQ((*map.Grid)[0][1], 1);
     EXPECT_EQ((*map.Grid)[255][0], 1);
 }
