@@ -63,6 +63,13 @@ QByteArray AppTest::ReadFile(const QString& path) {
     return file.readAll();
 }
 
+void AppTest::PutRomByte(int position, quint8 value) {
+    QFile file(Defines.RomPath);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.seek(position - 1);
+    file.write(reinterpret_cast<const char*>(&value), 1);
+}
+
 std::vector<int> AppTest::Differences(const QByteArray& before, const QByteArray& after) {
     std::vector<int> positions;
     const qsizetype common = std::min(before.size(), after.size());

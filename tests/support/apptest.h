@@ -32,6 +32,9 @@ protected:
     void GoTo(MainForm* form, int category, int mapRow);
 
     static QByteArray ReadFile(const QString& path);
+    // Writes one byte of the open ROM at a 1-based position, behind the
+    // program's back.
+    static void PutRomByte(int position, quint8 value);
     // The positions, 1-based, where two files differ; a length change counts
     // as a difference at the first position past the shorter one.
     static std::vector<int> Differences(const QByteArray& before, const QByteArray& after);
