@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFile>
 #include <QTest>
 
 #include "core/defines.h"
@@ -51,13 +50,6 @@ protected:
         EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 0);
         EXPECT_EQ(ReadFile(Defines.RomPath), rom);
         Script.Clear();
-    }
-    // Changes a byte of the ROM file behind the editor's back.
-    static void PutRomByte(int position, quint8 value) {
-        QFile file(Defines.RomPath);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        file.seek(position - 1);
-        file.write(reinterpret_cast<const char*>(&value), 1);
     }
     static quint8 RomByte(const QByteArray& rom, int position) {
         return static_cast<quint8>(rom[position - 1]);
