@@ -86,7 +86,7 @@ quint64 Mix(quint64 a, quint64 b) {
 }
 
 constexpr quint64 FirstSeed = 0x7A12'5EED'0001ULL;
-constexpr int CasesPerSaver = 150;
+constexpr int CasesPerSaver = 80;
 constexpr int MaxRounds = 40;
 constexpr int MapsPerRound = 60;
 constexpr int Capacity = 4 * 1024 * 1024;
