@@ -50,17 +50,9 @@ protected:
     }
     BlockEdit* OpenAgain() {
         Form->mnuBlockEdit->trigger();
-        BlockEdit* editor = nullptr;
-        for (BlockEdit* e : Form->findChildren<BlockEdit*>())
-            if (e->isVisible()) editor = e;
-        return editor;
+        return ShownWindow<BlockEdit>(Form);
     }
-    // Closes the editor as its close box does; true when it went.
-    bool Close(BlockEdit* editor) {
-        const bool closed = editor->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return closed;
-    }
+    bool Close(BlockEdit* editor) { return CloseWindow(editor); }
     // Saves, answering the backup question No.
     void Save(BlockEdit* editor) {
         Script.AnswerNo();

@@ -114,8 +114,7 @@ TEST_F(DemoTest, EveryDemoMapOfBothVersionsLoadsAndEveryTextFits) {
                 warps->WarpSym_MouseDown(0);
             }
             look(editor->text());
-            window->close();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            CloseWindow(window);
         }
         Program::Reset();
     }

@@ -191,8 +191,7 @@ TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
     compare(warps->Placement, warps->WarpCount, warps->WarpNon);
     warps->EditWarpTo->setChecked(true);
     compare(warps->Placement, warps->WarpCount, warps->WarpToNon);
-    warps->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    CloseWindow(warps);
 
     form->mnuEventEdit->trigger();
     EventEdit* events = form->findChild<EventEdit*>();

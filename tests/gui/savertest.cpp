@@ -258,10 +258,10 @@ void Paste(MainForm* form, Dice& dice) {
 template <typename Window>
 Window* OpenWindow(MainForm* form, QAction* command, SaverCase& c) {
     if (command->isEnabled()) command->trigger();
-    for (Window* w : form->findChildren<Window*>())
-        if (w->isVisible()) return static_cast<Window*>(c.Window = w);
-    c.Failure = QStringLiteral("the window did not open");
-    return nullptr;
+    Window* window = ShownWindow<Window>(form);
+    if (!window) c.Failure = QStringLiteral("the window did not open");
+    c.Window = window;
+    return window;
 }
 
 template <typename Values>
@@ -845,8 +845,7 @@ protected:
     QString Finish(QWidget* editor, const QString& failure) {
         Script.Clear();
         Script.AnswerYes();
-        const bool closed = !editor || editor->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const bool closed = !editor || CloseWindow(editor);
         Script.Clear();
         if (!failure.isEmpty()) return failure;
         return closed ? QString() : QStringLiteral("the editor did not close");

@@ -58,15 +58,9 @@ protected:
     WildEdit* Open(int map = Listed) {
         GoTo(Form, 0, map);
         Form->mnuWildEdit->trigger();
-        for (WildEdit* w : Form->findChildren<WildEdit*>())
-            if (w->isVisible()) return w;
-        return nullptr;
+        return ShownWindow<WildEdit>(Form);
     }
-    bool Close(WildEdit* window) {
-        const bool closed = window->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return closed;
-    }
+    bool Close(WildEdit* window) { return CloseWindow(window); }
     int ListPos() const { return Project.Categories[0].Maps[Listed].WildPos; }
 
     Fixture::SmallProject Project = WildProject();

@@ -57,6 +57,12 @@ void AppTest::GoTo(MainForm* form, int category, int mapRow) {
     form->Command2->click();
 }
 
+bool CloseWindow(QWidget* window) {
+    const bool closed = window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return closed;
+}
+
 QByteArray AppTest::ReadFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return QByteArray();

@@ -49,3 +49,14 @@ private:
 void PressCell(CellArray* cells, int index, Qt::MouseButton button = Qt::LeftButton);
 // Presses on a row of a list through the real widget.
 void PressRow(QListWidget* list, int row);
+
+// The window of a kind that the main window shows, after a menu command
+// opened it; nullptr when none is on the screen.
+template <class Window>
+Window* ShownWindow(MainForm* form) {
+    for (Window* w : form->findChildren<Window*>())
+        if (w->isVisible()) return w;
+    return nullptr;
+}
+// Closes a window as its close box does and lets it go; true when it went.
+bool CloseWindow(QWidget* window);

@@ -20,15 +20,9 @@ protected:
     Editor* Open(int map) {
         GoTo(Form, 0, map);
         (Form->*Menu)->trigger();
-        for (Editor* e : Form->template findChildren<Editor*>())
-            if (e->isVisible()) return e;
-        return nullptr;
+        return ShownWindow<Editor>(Form);
     }
-    bool Close(Editor* e) {
-        const bool closed = e->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return closed;
-    }
+    bool Close(Editor* e) { return CloseWindow(e); }
     // Presses the cell of a view block (0 to 7, 0 to 5) at a place (0 to 15).
     static void PressCell(Editor* e, int bx, int by, int place) {
         ::PressCell(e->Placement->View->MapTile, 16 * (bx + 8 * by) + place);
