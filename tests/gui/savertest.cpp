@@ -819,9 +819,9 @@ std::vector<Fault> Faults(qint64 romSize) {
          [](const QString&, const QString&) {
              return Inject({{Op::Write, 1}});
          }},
-        {"ROM replaced by a shorter file", true, QStringLiteral("bytes long"), false, true,
+        {"ROM grown since it was read", true, QStringLiteral("bytes long"), false, true,
          [romSize](const QString& rom, const QString&) {
-             TestFiles::Write(rom, QByteArray(romSize - 1, '\x11'));
+             TestFiles::Write(rom, QByteArray(romSize + 1, '\x11'));
              return Nothing;
          }},
         {"backup step 4, written back short", true, QStringLiteral("written back"), false, false,
