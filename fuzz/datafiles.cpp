@@ -1,6 +1,6 @@
-// The readers of the data files over any text, one fuzz target each: the
-// target fuzz_<name> is this file built with FUZZ_TARGET=<name>, the function
-// of that name in Target. A file a loader refuses is told with its name; a
+// The checks of the fuzz targets of the data files' readers, each over any
+// text: Target::<name> is the check of the target fuzz_<name>. A file a
+// loader refuses is told with its name; a
 // file it takes fills its tables as the field reader's stream of the text
 // says, and leaves every other row alone.
 #include <QByteArray>
@@ -76,7 +76,8 @@ namespace Target {
 
 // The field reader must read fields up to the end of the text and stop
 // there, every call moving on, whatever the bytes are.
-void fieldreader(const QByteArray& content) {
+void fieldreader(FuzzInput& input) {
+    const QByteArray content = input.Rest();
     const auto size = static_cast<std::size_t>(content.size());
     // As the data files are read: the first line skipped, then fields to the end.
     FieldReader reader(content);
@@ -115,7 +116,8 @@ void fieldreader(const QByteArray& content) {
 }
 
 // Records of 7 fields, at most 256.
-void tilesetfile(const QByteArray& content) {
+void tilesetfile(FuzzInput& input) {
+    const QByteArray content = input.Rest();
     const QString path = QStringLiteral("TilesetsR.twy");
     static const auto table = std::make_unique<TilesetTableT>();
     Fill(*table, Untouched);
@@ -127,7 +129,8 @@ void tilesetfile(const QByteArray& content) {
 // The categories Maps.twy fills name map rows inside the table, the count of
 // categories is a row of the category table, and rows no category names
 // stay as they were.
-void mapsfile(const QByteArray& content) {
+void mapsfile(FuzzInput& input) {
+    const QByteArray content = input.Rest();
     const QString path = QStringLiteral("Maps.twy");
     static const auto categories = std::make_unique<CategoryTableT>();
     static const auto maps = std::make_unique<MapTableT>();
@@ -167,7 +170,8 @@ void mapsfile(const QByteArray& content) {
 // Every species of Morlick.twy lands at the row of its code and at the row
 // of its list place, and the count is a number of list places the species
 // list can show.
-void morlickfile(const QByteArray& content) {
+void morlickfile(FuzzInput& input) {
+    const QByteArray content = input.Rest();
     const QString path = QStringLiteral("Morlick.twy");
     static const auto tables = std::make_unique<MorlickTables>();
     QString error;
@@ -193,7 +197,8 @@ void morlickfile(const QByteArray& content) {
 // Records of 15 fields, at least one and at most 33, the rows after them
 // cleared; the last type is the last row filled. Every row read is then
 // checked as the event editor checks a type.
-void eventtypesfile(const QByteArray& content) {
+void eventtypesfile(FuzzInput& input) {
+    const QByteArray content = input.Rest();
     const QString path = QStringLiteral("EventTypes.twy");
     static const auto table = std::make_unique<EventTypeTableT>();
     Fill(*table, Untouched);
@@ -223,7 +228,8 @@ void eventtypesfile(const QByteArray& content) {
 // Records of 10 fields, each at the row its first field names, which must be
 // a number from 0 to 255; a later record for a row replaces an earlier one,
 // and rows no record names are empty.
-void eventsfile(const QByteArray& content) {
+void eventsfile(FuzzInput& input) {
+    const QByteArray content = input.Rest();
     const QString path = QStringLiteral("Events.twy");
     static const auto table = std::make_unique<EventAddressTableT>();
     Fill(*table, Untouched);
@@ -252,9 +258,3 @@ void eventsfile(const QByteArray& content) {
 }
 
 }  // namespace Target
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Target::FUZZ_TARGET(
-        QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
-    return 0;
-}

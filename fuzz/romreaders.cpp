@@ -1,7 +1,6 @@
-// The readers of the ROM over fuzzed table rows and a fuzzed ROM image, one
-// fuzz target each: the target fuzz_<name> is this file built with
-// FUZZ_TARGET=<name>, the function of that name in Target. Each input holds
-// the rows' values, read with FuzzInput, then the ROM image.
+// The checks of the fuzz targets of the ROM readers, each over fuzzed table
+// rows and a fuzzed ROM image: Target::<name> is the check of the target
+// fuzz_<name>. Each input holds the rows' values, then the ROM image.
 //
 // A read reads only inside the ROM, checking every position first. One that
 // succeeds gave every field its ROM byte and left the rest alone; one that
@@ -256,9 +255,3 @@ void eventlist(FuzzInput& input) {
 }
 
 }  // namespace Target
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzInput input(data, size);
-    Target::FUZZ_TARGET(input);
-    return 0;
-}
