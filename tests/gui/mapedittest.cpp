@@ -397,7 +397,7 @@ TEST_F(MapEditTest, MenuBarAndWindowSizeAreAsTheUserFirstSeesThem) {
 
 // Browsing the lists shows the notes and loads nothing; "Go" on a category
 // without maps beeps; with changes, "Go" asks first; a map's row sets the
-// border block and the editor commands.
+// border block and the editor commands; a map that cannot be read is refused.
 TEST_F(MapEditTest, GoAsksBeforeItDiscardsAndSetsTheCommandsFromTheMapRow) {
     Paint();
     PressRow(Form->CatList, 2);
