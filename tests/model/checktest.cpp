@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,7 +18,6 @@
 #include "fixture/project.h"
 #include "fixture/smallproject.h"
 #include "fixture/tilesetfile.h"
-#include "model/files.h"
 #include "model/printers.h"
 
 // tarnwey-check on folders made with the fixture library: a sound folder and
@@ -122,31 +120,6 @@ protected:
 
 }  // namespace
 
-TEST_F(CheckFolder, ASoundFolderAndTheDemoOfBothVersionsGiveNoFinding) {
-    const Check::CheckReport sound = Run(SoundProject());
-    EXPECT_EQ(Lines(sound), QStringList());
-    EXPECT_EQ(sound.ExitStatus(), 0);
-
-    const QString folder = Dir.filePath(QStringLiteral("demo"));
-    QString error;
-    ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), folder, &error))
-        << error.toStdString();
-    const QDir dir(folder);
-    const Check::CheckReport demo = Check::CheckFolder(
-        folder, {{Check::GameVersion::Red, dir.filePath(QLatin1String(Fixture::RomFileRed))},
-                 {Check::GameVersion::Blue, dir.filePath(QLatin1String(Fixture::RomFileBlue))}});
-    EXPECT_EQ(Lines(demo), QStringList());
-    EXPECT_EQ(demo.ExitStatus(), 0);
-    EXPECT_EQ(demo.Versions, (QStringList{QStringLiteral("red"), QStringLiteral("blue")}));
-    // The demo comes out the same every time.
-    const QDir again(Dir.filePath(QStringLiteral("again")));
-    ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), again.path(), &error));
-    ASSERT_EQ(again.entryList(QDir::Files).size(), 9);
-    for (const QString& name : again.entryList(QDir::Files))
-        EXPECT_EQ(TestFiles::Read(again.filePath(name)), TestFiles::Read(dir.filePath(name)))
-            << name.toStdString();
-}
-
 TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
     // Positions of the sound folder, which every case starts from.
     SmallProject sound = SoundProject();
@@ -188,6 +161,7 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
         QStringList told;                                // empty: the folder is sound
         std::function<void(const QString&)> spoil = {};  // a change to the written folder
     } cases[] = {
+        {"the sound folder", [](SmallProject&) {}, {}},
         // Tileset rows.
         {"last block above 255",
          [](SmallProject& p) { p.Tileset(0).LastBlock = 256; },
@@ -228,14 +202,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          {QStringLiteral("Maps.twy, row 1 \"Oak\", column 8 (tileset): The map names tileset 2, "
                          "but TilesetsR.twy has tilesets 0 to 1.")}},
         {"height 0", [](SmallProject& p) { p.Map(Oak).Rows = 0; }, {oakHeight}},
-        {"width above 255",
-         [](SmallProject& p) { p.Map(Deep).Cols = 256; },
-         {QStringLiteral("Maps.twy, row 4 \"Deep\", column 7 (width): The map is 256 blocks wide, "
-                         "but a map is 1 to 255 blocks wide.")}},
-        {"grid past the end",
-         [romSize](SmallProject& p) { p.Map(Oak).GridPos = romSize - 2; },
-         {pastEnd("Maps.twy, row 1 \"Oak\", column 2 (grid position)", "The grid", 4,
-                  romSize - 2)}},
         {"grid before the start",
          [](SmallProject& p) { p.Map(Oak).GridPos = -5; },
          {QStringLiteral("Maps.twy, row 1 \"Oak\", column 2 (grid position): The grid (4 bytes "
@@ -251,13 +217,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          {QStringLiteral("Maps.twy, row 1 \"Oak\", column 3 (object data position): The border "
                          "byte (1 byte, position %1) would reach past the end of MorlickRed.gb, "
                          "which has %2 bytes.")
-              .arg(romSize + 1)
-              .arg(romSize)}},
-        {"warp count byte past the end",
-         [romSize](SmallProject& p) { p.Map(Oak).ObjectPos = romSize; },
-         {QStringLiteral("Maps.twy, row 1 \"Oak\", column 3 (object data position): The warp "
-                         "count byte (1 byte, position %1) would reach past the end of "
-                         "MorlickRed.gb, which has %2 bytes.")
               .arg(romSize + 1)
               .arg(romSize)}},
         {"warp count above 16",
@@ -305,19 +264,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          [](SmallProject& p) { p.Map(Deep).WarpToCount = -1; },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 13 (warp-to count): The map has -1 "
                          "warp-to points, which cannot be: the warp editor would show none.")}},
-        {"warp-to list past the end",
-         [romSize](SmallProject& p) { p.Map(Elm).WarpToPos = romSize - 6; },
-         {pastEnd("Maps.twy, row 0 \"Elm\", column 10 (warp-to position)", "The warp-to list", 8,
-                  romSize - 6)}},
-        {"warp-to list over another map's warp list",
-         [&](SmallProject& p) { p.Map(Deep).WarpToPos = map(Elm).ObjectPos + 2; },
-         {shares("Maps.twy, row 4 \"Deep\", column 10 (warp-to position)", "The warp-to list",
-                 map(Elm).ObjectPos + 2, map(Elm).ObjectPos + 9, map(Elm).ObjectPos + 2,
-                 map(Elm).ObjectPos + 9, "the object data of map 0 \"Elm\" (Maps.twy, row 0)")}},
-        {"wild list past the end",
-         [romSize](SmallProject& p) { p.Map(Deep).WildPos = romSize - 18; },
-         {pastEnd("Maps.twy, row 4 \"Deep\", column 16 (wild position)", "The wild list", 20,
-                  romSize - 18)}},
         {"a species code that Morlick.twy does not name",
          [&](SmallProject& p) { p.Rom.PutByte(map(Deep).WildPos + 7, 0x7F); },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 16 (wild position): The wild list at "
@@ -432,9 +378,43 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
     }
 }
 
-TEST_F(CheckFolder, BothVersionsAreCheckedEachWithItsTilesetFileAndROM) {
+namespace {
+struct CommandResult {
+    int Status = -1;
+    QString Out;
+};
+
+CommandResult RunCommand(const QStringList& arguments) {
+    CommandResult result;
+    QString err;
+    QTextStream out(&result.Out);
+    QTextStream errors(&err);
+    result.Status = Check::RunCheckCommand(QStringList{QStringLiteral("tarnwey-check")} + arguments,
+                                           out, errors);
+    out.flush();
+    return result;
+}
+}  // namespace
+
+// Both versions, each with its tileset file and ROM: the demo gives no
+// finding, and a fault of both versions is told once without naming them.
+TEST_F(CheckFolder, TheCommandTellsBothVersionsOnLinesOrInJSON) {
+    const QDir demo(Dir.filePath(QStringLiteral("demo")));
+    QString error;
+    ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), demo.path(), &error))
+        << error.toStdString();
+    const QString both = QStringLiteral("--game=both");
+    const QString verbose = QStringLiteral("--verbose");
+    const CommandResult sound =
+        RunCommand({both, verbose, demo.path(), demo.filePath(QLatin1String(Fixture::RomFileRed)),
+                    demo.filePath(QLatin1String(Fixture::RomFileBlue))});
+    EXPECT_EQ(sound.Status, 0);
+    EXPECT_EQ(sound.Out, QStringLiteral("Checked %1 against MorlickRed.gb (red) and "
+                                        "MorlickBlue.gb (blue): nothing found.\n")
+                             .arg(demo.path()));
+
     SmallProject project = SoundProject();
-    project.Map(Oak).Rows = 0;  // a fault of both versions
+    project.Map(Oak).Rows = 0;
     Run(project, [&project](const QString& folder) {
         // The blue version: the same ROM, with a tileset file that puts
         // tileset 1's blocks past its end.
@@ -446,53 +426,22 @@ TEST_F(CheckFolder, BothVersionsAreCheckedEachWithItsTilesetFileAndROM) {
         QFile::copy(dir.filePath(QLatin1String(Fixture::RomFileRed)),
                     dir.filePath(QLatin1String(Fixture::RomFileBlue)));
     });
-    const Check::CheckReport both = Check::CheckFolder(
-        Folder,
-        {{Check::GameVersion::Red, RomPath},
-         {Check::GameVersion::Blue, QDir(Folder).filePath(QLatin1String(Fixture::RomFileBlue))}});
-    // A fault of both versions is told once, without naming them.
-    EXPECT_EQ(
-        Lines(both),
-        (QStringList{QStringLiteral("[blue] TilesetsB.twy, row 1, column 5 (block "
-                                    "position): The block definitions (64 bytes, positions "
-                                    "%1 to %2) would reach past the end of MorlickBlue.gb, "
-                                    "which has %1 bytes.")
-                         .arg(project.Rom.Size())
-                         .arg(project.Rom.Size() + 63),
-                     QStringLiteral("Maps.twy, row 1 \"Oak\", column 5 (height): The map is 0 "
-                                    "blocks high, but a map is 1 to 255 blocks high.")}));
-}
-
-namespace {
-struct CommandResult {
-    int Status = -1;
-    QString Out;
-    QString Err;
-};
-
-CommandResult RunCommand(const QStringList& arguments) {
-    CommandResult result;
-    QTextStream out(&result.Out);
-    QTextStream err(&result.Err);
-    result.Status =
-        Check::RunCheckCommand(QStringList{QStringLiteral("tarnwey-check")} + arguments, out, err);
-    out.flush();
-    err.flush();
-    return result;
-}
-}  // namespace
-
-TEST_F(CheckFolder, TheCommandTellsAFindingOnALineOrInJSON) {
-    SmallProject project = SoundProject();
-    project.Map(Oak).Rows = 0;
-    Run(project);
     const QString message =
         QStringLiteral("The map is 0 blocks high, but a map is 1 to 255 blocks high.");
-    const CommandResult text = RunCommand({QStringLiteral("--verbose"), Folder, RomPath});
+    const CommandResult text =
+        RunCommand({both, verbose, Folder, RomPath,
+                    QDir(Folder).filePath(QLatin1String(Fixture::RomFileBlue))});
     EXPECT_EQ(text.Status, 1);
-    EXPECT_EQ(text.Out, QStringLiteral("Maps.twy, row 1 \"Oak\", column 5 (height): %1\nChecked %2 "
-                                       "against MorlickRed.gb (red): 1 finding.\n")
-                            .arg(message, Folder));
+    EXPECT_EQ(text.Out,
+              QStringLiteral("[blue] TilesetsB.twy, row 1, column 5 (block position): The block "
+                             "definitions (64 bytes, positions %1 to %2) would reach past the end "
+                             "of MorlickBlue.gb, which has %1 bytes.\n"
+                             "Maps.twy, row 1 \"Oak\", column 5 (height): %3\n"
+                             "Checked %4 against MorlickRed.gb (red) and MorlickBlue.gb (blue): 2 "
+                             "findings.\n")
+                  .arg(project.Rom.Size())
+                  .arg(project.Rom.Size() + 63)
+                  .arg(message, Folder));
 
     // A file that cannot be read is named, and a finding of a file as a
     // whole has no row and no column.

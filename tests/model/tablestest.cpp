@@ -273,7 +273,6 @@ TEST_F(DataFiles, EachFileFillsItsRowsWhateverItsLineEndsAndEncoding) {
             QString grove;  // what "Grove" reads as
         } variants[] = {
             {"CRLF and LF mixed", MixedLineEnds(f.text), QStringLiteral("Grove")},
-            {"only CR LF", QByteArray(f.text).replace("\n", "\r\n"), QStringLiteral("Grove")},
             {"a byte order mark", mark + f.text, QStringLiteral("Grove")},
             {"a skipped line of a megabyte", skipped, QStringLiteral("Grove")},
             // A name from an editor that writes Latin-1, with and without a
@@ -344,10 +343,7 @@ TEST_F(DataFiles, AMissingOrDamagedFileIsToldWithItsNameAndLine) {
          "is damaged: it ends inside the record of tileset 1 (line 4)."},
         {Tilesets, TilesetHeader + TilesetRecord(0).chopped(1) + ",\n",
          "is damaged: it ends inside the record of tileset 1 (line 2)."},
-        {Tilesets, TilesetHeader, "is damaged: it ends inside the record of tileset 0 (line 2)."},
         {Tilesets, tilesets, "is damaged: it holds more than 256 tilesets (line 258)."},
-        {Maps, towns.left(towns.size() - MapRecord(1).size() / 4),
-         "is damaged: it ends inside the record of map 1 (line 5)."},
         {Maps, towns.left(towns.size() - MapRecord(1).size() / 2),
          "is damaged: the quote that opens on line 5 is never closed."},
         // Every later quote pairs wrongly; the reading fails lines further on.
@@ -366,13 +362,9 @@ TEST_F(DataFiles, AMissingOrDamagedFileIsToldWithItsNameAndLine) {
         {Maps, MapsHeader + "m\n\"Past\",255,2\n" + MapRecord(255) + MapRecord(256),
          "is damaged: the category \"Past\" names map rows 255 to 256, outside the rows 0 to 255 "
          "(line 4)."},
-        {Maps, MapsHeader + "m\n\"Beyond\",256,1\n" + MapRecord(256),
-         "is damaged: the category \"Beyond\" names map rows 256 to 256, outside the rows 0 to "
-         "255 (line 4)."},
         {Maps, MapsHeader + "m\n\"Below\",-1,1\n" + MapRecord(0),
          "is damaged: the category \"Below\" names map rows -1 to -1, outside the rows 0 to 255 "
          "(line 4)."},
-        {Species, QByteArray(), "could not be read (No such file or directory)."},
         {Species, "", "is damaged: it does not begin with the number of species (line 1)."},
         {Species, "256\n", "is damaged: it gives 256 species, but there can be 0 to 255 (line 1)."},
         // A CR LF is one line end.
@@ -381,13 +373,8 @@ TEST_F(DataFiles, AMissingOrDamagedFileIsToldWithItsNameAndLine) {
         {Species, "1\n100,\"Too big\",1\n",
          "is damaged: the code \"100\" of species 1 is no hexadecimal number from 0 to FF (line "
          "2)."},
-        {Species, "2\n01,\"One\",1\nG1,\"Not hex\",1\n",
-         "is damaged: the code \"G1\" of species 2 is no hexadecimal number from 0 to FF (line "
-         "3)."},
         {Species, "1\n01,\"Far\",256\n",
          "is damaged: the list place \"256\" of species 1 is no number from 0 to 255 (line 2)."},
-        {Species, "1\n01,\"Named\",first\n",
-         "is damaged: the list place \"first\" of species 1 is no number from 0 to 255 (line 2)."},
         {Types, QByteArray(), "could not be read (No such file or directory)."},
         {Types, "h\nh\n", "is damaged: it holds no event type."},
         {Types, "h\nh\n\"T\",\"Cut\",1,5\n",
@@ -395,8 +382,6 @@ TEST_F(DataFiles, AMissingOrDamagedFileIsToldWithItsNameAndLine) {
         {Types, types, "is damaged: it holds more than 33 event types (line 36)."},
         {Lists, "h\nh\n256,0,0,0,0,0,0,0,0,0\n",
          "is damaged: the record on line 3 names map row \"256\", but rows run from 0 to 255."},
-        {Lists, "h\nh\n-1,0,0,0,0,0,0,0,0,0\n",
-         "is damaged: the record on line 3 names map row \"-1\", but rows run from 0 to 255."},
         {Lists, "h\nh\n1,0,0\n",
          "is damaged: it ends inside the record of the map on line 3 (line 4)."},
     };
