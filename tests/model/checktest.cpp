@@ -165,11 +165,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          [](SmallProject& p) { p.Tileset(0).LastTile = 160; },
          {QStringLiteral("TilesetsR.twy, row 0, column 2 (last tile): The last tile is 160, but a "
                          "tileset has tiles 0 to 159: the block editor shows no more.")}},
-        {"tile base and last tile beyond the bank",
-         [](SmallProject& p) { p.Tileset(1).TileBase = 520 - 93; },
-         {QStringLiteral("TilesetsR.twy, row 1, column 3 (tile base): Tiles 0 to 93 from the tile "
-                         "base 427 would be bank pictures 427 to 520, but the tile bank has "
-                         "pictures 0 to 519.")}},
         {"block definitions past the end",
          [romSize](SmallProject& p) { p.Tileset(1).BlockPos = romSize - 62; },
          {pastEnd("TilesetsR.twy, row 1, column 5 (block position)", "The block definitions", 64,
@@ -186,10 +181,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          },
          {}},
         // Map rows.
-        {"a tileset the file does not have",
-         [](SmallProject& p) { p.Map(Oak).Tileset = 2; },
-         {QStringLiteral("Maps.twy, row 1 \"Oak\", column 8 (tileset): The map names tileset 2, "
-                         "but TilesetsR.twy has tilesets 0 to 1.")}},
         {"height 0", [](SmallProject& p) { p.Map(Oak).Rows = 0; }, {oakHeight}},
         {"two maps' grids overlap",
          [&](SmallProject& p) { p.Map(Deep).GridPos = map(Elm).GridPos + 3; },
@@ -239,11 +230,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
              p.AddWarpTo(Deep, std::vector<Fixture::WarpToPoint>(16));
          },
          {}},
-        {"warp-to count above 16",
-         [](SmallProject& p) { p.AddWarpTo(Deep, std::vector<Fixture::WarpToPoint>(17)); },
-         {QStringLiteral("Maps.twy, row 4 \"Deep\", column 13 (warp-to count): The map has 17 "
-                         "warp-to points, but the warp editor holds 16: it would show and save "
-                         "only the first 16.")}},
         {"a species code that Morlick.twy does not name",
          [&](SmallProject& p) { p.Rom.PutByte(map(Deep).WildPos + 7, 0x7F); },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 16 (wild position): The wild list at "
@@ -262,11 +248,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          [](SmallProject& p) { p.Species[2].ListPlace = 2; },
          {QStringLiteral("Morlick.twy, row 2 \"Moss\", column 2 (list place): The list place 2 is "
                          "already the place of \"Pebble\" (row 0): ") +
-          emptyEntry}},
-        {"a list place beyond the species",
-         [](SmallProject& p) { p.Species[0].ListPlace = 4; },
-         {QStringLiteral("Morlick.twy, row 0 \"Pebble\", column 2 (list place): The list place 4 "
-                         "lies outside 1 to 3: ") +
           emptyEntry}},
         {"records after the count",
          [](SmallProject&) {},
@@ -299,11 +280,7 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
                  .save(QDir(folder).filePath(QLatin1String(Fixture::TileBankFileName)));
          }},
         // EventTypes.twy: the rows on their own are checked with the event
-        // tables; here a fault comes out as a finding, and two types share columns.
-        {"y in the last byte",
-         [](SmallProject& p) { p.EventTypes[Signs].YField = 3; },
-         {QStringLiteral("EventTypes.twy, row 1 \"Signs\", column 6 (y byte): The type has its y "
-                         "in byte 3 of records of 3 bytes, which leaves no byte for x after it.")}},
+        // tables; here two types share columns.
         {"two types in one pair of columns",
          [](SmallProject& p) { p.EventTypes[Signs].ListColumn = 2; },
          {QStringLiteral("EventTypes.twy, row 1 \"Signs\", column 2 (list column): The type's "
@@ -320,10 +297,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
          {QStringLiteral("Events.twy, row 1 \"Oak\", column 2 (number of \"People\" records): The "
                          "map has 33 \"People\" events, but the event editor holds 32: it would "
                          "show and save only the first 32.")}},
-        {"an event list past the end",
-         [romSize](SmallProject& p) { EventRow(p, Elm).SetList(1, romSize - 6, 2); },
-         {pastEnd("Events.twy, row 0 \"Elm\", column 1 (position of the \"People\" list)",
-                  "The \"People\" list", 8, romSize - 6)}},
         {"an event list on a map whose events are not editable",
          [romSize](SmallProject& p) {
              EventRow(p, Oak).SetList(1, romSize + 10, 1);

@@ -234,15 +234,6 @@ TEST_F(RomSave, BackupHoldsTheRomAsItWasBeforeTheLatestSaveWithAYes) {
     EXPECT_EQ(TestFiles::Read(RomPath), With(With(rom, {12}, 0xCC), {RomSize}, 0x10));
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Question), 4) << Transcript().toStdString();
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0) << Transcript().toStdString();
-
-    // A ROM in the program's folder itself.
-    RomPath = QDir(ProgramFolder).filePath(QStringLiteral("Morlick Blue.gb"));
-    ASSERT_TRUE(TestFiles::Write(RomPath, Original));
-    Script.AnswerYes();
-    ASSERT_TRUE(Save(Backup::Offer, {5}, 0x66)) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(Bak()), Original);
-    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {5}, 0x66));
-    EXPECT_FALSE(QFile::exists(Temp()));
 }
 
 // Saves that stop before any byte is written, each told once: each step of
