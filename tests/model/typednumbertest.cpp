@@ -19,23 +19,18 @@ TEST(TypedNumber, TheThreeRulesSideBySide) {
     const std::optional<std::int32_t> keep;
     const double inf = std::numeric_limits<double>::infinity();
     const Case cases[] = {
-        {"12", 12, 12, 12},
         {"12.9", 12, 13, 13},
         {" 7 ", 7, 7, 7},
-        {"1e2", 100, 100, 100},
         {"-0.5", -1, 0, 0},  // -0.5 rounds to -0, the even neighbour
         {"2.5", 2, 2, 2},
-        {"3.5", 3, 4, 4},
         {"-2.5", -3, -2, -2},
         {"12abc", none, 12, keep},
-        {"abc", none, 0, keep},
         {"", none, 0, keep},
         {"1e", none, 1, keep},
         {"2147483647", 2147483647.0, 2147483647, 2147483647},
         {"2147483648", 2147483648.0, 2147483647, keep},
         {"-2147483648.4", -2147483649.0, -2147483647 - 1, -2147483647 - 1},
         {"1e999", inf, 2147483647, keep},
-        {"-1e999", -inf, -2147483647 - 1, keep},
         {"inf", none, 0, keep},
     };
     for (const Case& c : cases) {
