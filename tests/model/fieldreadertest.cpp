@@ -72,37 +72,3 @@ TEST(FieldReader, SplitsTheTextAfterTheFirstLineIntoFieldsOfTheirKind) {
         EXPECT_EQ(FieldsOf(c.text), c.fields);
     }
 }
-
-// What one field gives where the program wants a ROM position, a count, a
-// text or a flag. Fractions go to the nearest whole number, halves to the
-// even neighbour.
-TEST(FieldReader, FieldsConvertToPositionsCountsTextAndFlags) {
-    struct Case {
-        const char* field;
-        std::int32_t int32;
-        std::int16_t int16;
-        const char* text;
-        bool flag;
-    };
-    const Case cases[] = {
-        {"", 0, 0, "", false},
-        {"#FALSE#", 0, 0, "False", false},
-        {"42", 42, 42, "42", true},
-        {"#TRUE#", -1, -1, "True", true},
-        {"yes", 0, 0, "yes", true},
-        {"\"12\"", 12, 12, "12", true},
-        {"2.5", 2, 2, "2.5", true},
-        {"-2.5", -2, -2, "-2.5", true},
-        {"-70000", -70000, -32768, "-70000", true},
-        {"99999999999", 2147483647, 32767, "99999999999", true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.field);
-        const QList<Field> fields = FieldsOf(QByteArray("h\n") + c.field + ",end\n");
-        ASSERT_EQ(fields.size(), 2);
-        EXPECT_EQ(fields[0].ToInt32(), c.int32);
-        EXPECT_EQ(fields[0].ToInt16(), c.int16);
-        EXPECT_EQ(fields[0].ToText().toStdString(), c.text);
-        EXPECT_EQ(fields[0].IsTrue(), c.flag);
-    }
-}

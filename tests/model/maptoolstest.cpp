@@ -127,9 +127,7 @@ TEST(MapTools, ClipboardTextAndItsParser) {
     };
     const std::vector<Case> cases = {
         {"a\tb  f\r\nFf 0 1\r\n\n  \n", true, 3, 2, {10, 11, 15, 255, 0, 1}},
-        {"  7 8", true, 2, 1, {7, 8}},
         {"1 2\n3\n", false},
-        {"1 2\n\n3 4\n", false},
         {wide, true, 255, 1},
         {wide + "1", false},
         {QString("1\n").repeated(255), true, 1, 255},
