@@ -175,5 +175,4 @@ TEST(MapTools, UndoListKeepsOneHundredWholeSteps) {
     list.Undo(*map.Grid);
     push(1, 1, 7);
     EXPECT_EQ(list.RedoCount(), 0);
-    EXPECT_FALSE(list.Redo(*map.Grid));
 }

@@ -172,16 +172,6 @@ TEST_F(RomSave, RomFileThatCannotBeWrittenWholeIsLeftAsItWas) {
             << rom.Error().toStdString();
         EXPECT_EQ(TestFiles::Read(RomPath).toHex(' '), c.disk().toHex(' '));
     }
-
-    // A missing file or a folder is an error that names it, and is not made.
-    RomFile rom;
-    for (const QString& name : {QStringLiteral("Blue.gb"), QStringLiteral("roms")}) {
-        EXPECT_FALSE(rom.Open(QDir(Dir.path()).filePath(name)));
-        EXPECT_TRUE(rom.Error().contains(name)) << rom.Error().toStdString();
-        rom.RomWriteByte(1, 0x42);
-        EXPECT_FALSE(rom.Close());
-    }
-    EXPECT_FALSE(QFile::exists(QDir(Dir.path()).filePath(QStringLiteral("Blue.gb"))));
 }
 
 // Saves with and without a backup, one after the other: the backup holds the
