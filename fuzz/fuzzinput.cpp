@@ -4,16 +4,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <bit>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
 void FuzzFailed(const char* condition, const char* file, int line) {
     std::fprintf(stderr, "%s:%d: the reader broke its promise: %s\n", file, line, condition);
     std::abort();
-}
-
-std::uint8_t FuzzInput::Byte() {
-    return Pos_ < Size_ ? Data_[Pos_++] : 0;
 }
 
 std::int32_t FuzzInput::Int32() {
@@ -70,20 +67,10 @@ FuzzInputWriter& FuzzInputWriter::Value(std::uint8_t kind, std::int32_t value) {
     return *this;
 }
 
-FuzzInputWriter& FuzzInputWriter::Number(std::int32_t value) {
-    return Value(0, value);
-}
-
-FuzzInputWriter& FuzzInputWriter::NumberText(std::int32_t value) {
-    return Value(4, value);
-}
-
-FuzzInputWriter& FuzzInputWriter::Text(std::int32_t fourBytes) {
-    return Value(5, fourBytes);
-}
-
-FuzzInputWriter& FuzzInputWriter::Empty() {
-    return Value(7, 0);
+FuzzInputWriter& FuzzInputWriter::Numbers(std::initializer_list<std::int32_t> values) {
+    for (const std::int32_t value : values)
+        Value(0, value);
+    return *this;
 }
 
 FuzzInputWriter& FuzzInputWriter::Bytes(const QByteArray& bytes) {
@@ -118,4 +105,14 @@ void OpenScratchRom(const QByteArray& image, RomFile& rom) {
 std::uint8_t ImageByte(const QByteArray& image, std::int64_t position) {
     FUZZ_CHECK(position >= 1 && position <= image.size());
     return static_cast<std::uint8_t>(image[static_cast<qsizetype>(position - 1)]);
+}
+
+void CheckEventLayout(const EventLayout& layout) {
+    FUZZ_CHECK(layout.ListColumn >= 1 && layout.ListColumn + 1 < EventAddressColumns);
+    FUZZ_CHECK(layout.RecordSize >= 1 && layout.RecordSize <= MaxRecordSize);
+    FUZZ_CHECK(layout.YField >= 1 && layout.XField == layout.YField + 1);
+    FUZZ_CHECK(layout.XField <= layout.RecordSize);
+    // Biases are held to 16 bits, so a byte with a bias on or off fits a field.
+    for (const int bias : {layout.Bias1, layout.Bias2})
+        FUZZ_CHECK(bias >= INT16_MIN && bias <= INT16_MAX);
 }

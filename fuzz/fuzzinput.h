@@ -4,7 +4,9 @@
 #include <QString>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
+#include "core/eventtables.h"
 #include "core/field.h"
 #include "rom/romfile.h"
 
@@ -31,7 +33,7 @@ class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* data, std::size_t size) : Data_(data), Size_(size) {}
 
-    std::uint8_t Byte();
+    std::uint8_t Byte() { return Pos_ < Size_ ? Data_[Pos_++] : 0; }
     std::int32_t Int32();
     Field NextField();
     // Everything not read yet.
@@ -50,10 +52,10 @@ private:
 class FuzzInputWriter {
 public:
     FuzzInputWriter& Byte(std::uint8_t value);
-    FuzzInputWriter& Number(std::int32_t value);
-    FuzzInputWriter& NumberText(std::int32_t value);
-    FuzzInputWriter& Text(std::int32_t fourBytes);
-    FuzzInputWriter& Empty();
+    FuzzInputWriter& Numbers(std::initializer_list<std::int32_t> values);
+    FuzzInputWriter& NumberText(std::int32_t value) { return Value(4, value); }
+    FuzzInputWriter& Text(std::int32_t fourBytes) { return Value(5, fourBytes); }
+    FuzzInputWriter& Empty() { return Value(7, 0); }
     FuzzInputWriter& Bytes(const QByteArray& bytes);
     const QByteArray& Data() const { return Data_; }
 
@@ -73,3 +75,8 @@ void OpenScratchRom(const QByteArray& image, RomFile& rom);
 // The byte of an image at a 1-based position, for checking what a reader
 // gave; the position must lie inside the image.
 std::uint8_t ImageByte(const QByteArray& image, std::int64_t position);
+
+// Checks a layout that ReadEventLayout passed: it must describe a record the
+// event editor can hold, its list's position and count among the columns of
+// Events.twy.
+void CheckEventLayout(const EventLayout& layout);

@@ -7,10 +7,10 @@
 #include <QBuffer>
 #include <QDir>
 #include <QImage>
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "core/eventtables.h"
 #include "core/tables.h"
@@ -54,32 +54,27 @@ QByteArray Png(const QImage& picture) {
     return bytes;
 }
 
-// The map rows of the demo, each with its row number.
+// A map row of the demo and its row number.
 struct DemoMapRow {
     int Row;
     const Fixture::MapRow* Map;
 };
 
-std::vector<DemoMapRow> MapRows(const Fixture::Project& demo) {
-    std::vector<DemoMapRow> rows;
-    for (const Fixture::Category& category : demo.Categories)
-        for (std::size_t i = 0; i < category.Maps.size(); ++i)
-            rows.push_back({category.FirstMap + static_cast<int>(i), &category.Maps[i]});
-    return rows;
-}
-
-// The demo map that is cheapest by `cost` among those `fits` accepts.
+// The demo map whose `cost` is smallest; a cost of 0 or less rules a map out.
 DemoMapRow Cheapest(const Fixture::Project& demo,
-                    const std::function<bool(const DemoMapRow&)>& fits,
                     const std::function<int(const DemoMapRow&)>& cost) {
-    std::vector<DemoMapRow> rows = MapRows(demo);
-    std::erase_if(rows, [&](const DemoMapRow& r) { return !fits(r); });
-    if (rows.empty()) {
+    std::optional<DemoMapRow> best;
+    for (const Fixture::Category& category : demo.Categories) {
+        for (std::size_t i = 0; i < category.Maps.size(); ++i) {
+            const DemoMapRow row{category.FirstMap + static_cast<int>(i), &category.Maps[i]};
+            if (cost(row) > 0 && (!best || cost(row) < cost(*best))) best = row;
+        }
+    }
+    if (!best) {
         std::fprintf(stderr, "The demo has no map for a seed.\n");
         std::exit(1);
     }
-    return *std::min_element(rows.begin(), rows.end(),
-                             [&](const auto& a, const auto& b) { return cost(a) < cost(b); });
+    return *best;
 }
 
 QByteArray RomBytes(const Fixture::RomImage& rom, int position, int count) {
@@ -128,9 +123,8 @@ void MapLoaderSeeds(const Fixture::Project& demo) {
     const auto blocks = [&](const DemoMapRow& r) {
         return (demo.TilesetsRed[static_cast<std::size_t>(r.Map->Tileset)].LastBlock + 1) * 16;
     };
-    const DemoMapRow r = Cheapest(
-        demo, [](const DemoMapRow&) { return true; },
-        [&](const DemoMapRow& r) { return blocks(r) + r.Map->Rows * r.Map->Cols; });
+    const DemoMapRow r =
+        Cheapest(demo, [&](const DemoMapRow& r) { return blocks(r) + r.Map->Rows * r.Map->Cols; });
     const Fixture::MapRow& map = *r.Map;
     const Fixture::TilesetRow& set = demo.TilesetsRed[static_cast<std::size_t>(map.Tileset)];
     // Blocks, border byte and grid moved to the front of the ROM, one after the other.
@@ -142,14 +136,8 @@ void MapLoaderSeeds(const Fixture::Project& demo) {
     demoSeed.Byte(static_cast<std::uint8_t>(r.Row))
         .Byte(0)
         .Text(0x6E656C47)
-        .Number(borderPos + 1)
-        .Number(borderPos)
-        .Number(map.Rows)
-        .Number(map.Cols)
-        .Number(map.Tileset)
-        .Number(set.LastBlock)
-        .Number(1)
-        .Number(set.BlockBias)
+        .Numbers({borderPos + 1, borderPos, map.Rows, map.Cols, map.Tileset, set.LastBlock, 1,
+                  set.BlockBias})
         .Bytes(blockBytes + border + grid);
     Seed("maploader", "demo-smallest", demoSeed.Data());
 
@@ -159,48 +147,32 @@ void MapLoaderSeeds(const Fixture::Project& demo) {
     edge.Byte(255)
         .Byte(0)
         .Empty()
-        .Number(19)
-        .Number(18)
-        .Number(1)
-        .Number(1)
-        .Number(255)
-        .Number(0)
-        .Number(2)
-        .Number(0x40)
+        .Numbers({19, 18, 1, 1, 255, 0, 2, 0x40})
         .Bytes(Image(19, 2, QByteArray(16, '\x07') + "\x41\x3F"));
     Seed("maploader", "one-square-at-the-end", edge.Data());
 }
 
 void WarpSeeds(const Fixture::Project& demo) {
-    const DemoMapRow warps = Cheapest(
-        demo,
-        [&](const DemoMapRow& r) {
-            return r.Map->ObjectPos != 1 && demo.RomRed.At(r.Map->ObjectPos + 1) > 0;
-        },
-        [&](const DemoMapRow& r) { return demo.RomRed.At(r.Map->ObjectPos + 1); });
+    const DemoMapRow warps = Cheapest(demo, [&](const DemoMapRow& r) {
+        return r.Map->ObjectPos == 1 ? 0 : demo.RomRed.At(r.Map->ObjectPos + 1);
+    });
     const int count = demo.RomRed.At(warps.Map->ObjectPos + 1);
     const QByteArray objects = RomBytes(demo.RomRed, warps.Map->ObjectPos, 2 + 4 * count);
     FuzzInputWriter warpSeed;
     warpSeed.Byte(static_cast<std::uint8_t>(warps.Row))
         .Byte(0)
         .Text(0x6E776F54)
-        .Number(3)
-        .Number(1)
-        .Number(0)
+        .Numbers({3, 1, 0})
         .Bytes(Image(static_cast<int>(objects.size()) + 3, 3, objects));
     Seed("warplist", "demo-warps", warpSeed.Data());
 
-    const DemoMapRow to = Cheapest(
-        demo, [](const DemoMapRow& r) { return r.Map->WarpToCount > 0; },
-        [](const DemoMapRow& r) { return r.Map->WarpToCount; });
+    const DemoMapRow to = Cheapest(demo, [](const DemoMapRow& r) { return r.Map->WarpToCount; });
     const QByteArray points = RomBytes(demo.RomRed, to.Map->WarpToPos, 4 * to.Map->WarpToCount);
     FuzzInputWriter toSeed;
     toSeed.Byte(static_cast<std::uint8_t>(to.Row))
         .Byte(1)
         .Text(0x6E776F54)
-        .Number(1)
-        .Number(2)
-        .Number(to.Map->WarpToCount)
+        .Numbers({1, 2, to.Map->WarpToCount})
         .Bytes(Image(static_cast<int>(points.size()) + 2, 2, points));
     Seed("warplist", "demo-warp-to", toSeed.Data());
 
@@ -210,17 +182,16 @@ void WarpSeeds(const Fixture::Project& demo) {
         seventeen[static_cast<std::size_t>(i)] = {i, i, i, 255 - i};
     const QByteArray many = Fixture::ObjectDataBytes(0x20, seventeen);
     FuzzInputWriter manySeed;
-    manySeed.Byte(0).Byte(0).Empty().Number(1).Empty().Empty().Bytes(many);
+    manySeed.Byte(0).Byte(0).Empty().Numbers({1}).Empty().Empty().Bytes(many);
     Seed("warplist", "seventeen", manySeed.Data());
 }
 
 void WildSeeds(const Fixture::Project& demo) {
-    const DemoMapRow wild = Cheapest(
-        demo, [](const DemoMapRow& r) { return r.Map->WildPos != 1; },
-        [](const DemoMapRow& r) { return r.Row; });
+    const DemoMapRow wild =
+        Cheapest(demo, [](const DemoMapRow& r) { return r.Map->WildPos == 1 ? 0 : r.Row + 1; });
     const QByteArray list = RomBytes(demo.RomRed, wild.Map->WildPos, 20);
     FuzzInputWriter demoSeed;
-    demoSeed.Number(3).Bytes(Image(24, 3, list));
+    demoSeed.Numbers({3}).Bytes(Image(24, 3, list));
     Seed("wildlist", "demo", demoSeed.Data());
     // The list ends with the ROM's last byte; its position is written as text.
     Fixture::EncounterList levels;
@@ -263,10 +234,10 @@ void EventSeeds(const Fixture::Project& demo) {
         FuzzInputWriter seed;
         seed.Byte(static_cast<std::uint8_t>(type));
         for (int c = TypeListColumn; c < EventTypeColumnCount; ++c)
-            seed.Number((*types)[type][c].ToInt32());
+            seed.Numbers({(*types)[type][c].ToInt32()});
         seed.Byte(static_cast<std::uint8_t>(best));
         for (int c = 1; c < EventAddressColumns; ++c)
-            seed.Number(c == layout.ListColumn ? 3 : row[c].ToInt32());
+            seed.Numbers({c == layout.ListColumn ? 3 : row[c].ToInt32()});
         seed.Bytes(Image(static_cast<int>(list.size()) + 3, 3, list));
         const QByteArray name = "demo-type-" + QByteArray::number(type);
         Seed("eventlist", name.constData(), seed.Data());

@@ -68,15 +68,10 @@ protected:
 };
 
 TEST_F(BlockEditTest, SaveRewritesExactlyTheTilesetsBlockArea) {
-    for (const auto& [set, lastHex, lastCell] :
-         {std::tuple{OneBlock, "01", 93}, std::tuple{FullSet, "FF", 159}}) {
+    for (const auto& [set, lastHex] : {std::pair{OneBlock, "01"}, std::pair{FullSet, "FF"}}) {
         SCOPED_TRACE(set);
         BlockEdit* editor = Open(set);
         ASSERT_NE(editor, nullptr);
-        // The chooser shows the tileset's tiles up to its last cell.
-        EXPECT_EQ(editor->TileSel->Picture(lastCell), TilePicture(TileIndex(lastCell)));
-        EXPECT_TRUE(editor->TileSel->CellVisible(lastCell));
-        EXPECT_EQ(editor->TileSel->CellVisible(std::min(lastCell + 1, 159)), lastCell == 159);
         const int first = Project.Tileset(set).BlockPos;
         const int blocks = Project.Tileset(set).LastBlock + 1;
         const int last = first + 16 * blocks - 1;

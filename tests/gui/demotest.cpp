@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QLabel>
 #include <QRadioButton>
 #include <QStyleOptionButton>
@@ -9,8 +10,10 @@
 #include "demo/demoproject.h"
 #include "fixture/datafilenames.h"
 #include "fixture/project.h"
+#include "mapview/tiles.h"
 #include "startup/program.h"
 #include "support/apptest.h"
+#include "support/commands.h"
 #include "ui/programfont.h"
 #include "ui/wrapcheckbox.h"
 #include "warpedit/warpedit.h"
@@ -62,7 +65,9 @@ QStringList TextsThatDoNotFit() {
 }  // namespace
 
 // Every map of the bundled demo, in both versions, can be reached through the
-// lists and "Go" and shows blocks of its tileset, without a message. On each,
+// lists and "Go" and shows blocks of its tileset, without a message. The
+// render command draws a map as the editor's view shows it, in indexed
+// colours, as the demo's bank has few. On each map,
 // and in each editor and the start-up windows that stay behind the main
 // window, every label, button, check box and option button shows its text
 // whole in the program's font.
@@ -72,6 +77,7 @@ TEST_F(DemoTest, EveryDemoMapOfBothVersionsLoadsAndEveryTextFits) {
     QString error;
     ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), Folder(), &error))
         << error.toStdString();
+    ASSERT_TRUE(Tiles::Bank().Load(PathOf(QStringLiteral("Tiles.png")), error));
     QStringList overflows, told;
     const auto look = [&](const QString& state) {
         for (const QString& o : TextsThatDoNotFit())
@@ -101,6 +107,26 @@ TEST_F(DemoTest, EveryDemoMapOfBothVersionsLoadsAndEveryTextFits) {
         EXPECT_GE(maps, 8);
         EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 0)
             << Script.Texts().join(u'\n').toStdString();
+        if (rom == Fixture::RomFileBlue) {
+            GoTo(form, 1, 3);
+            ASSERT_EQ(CurMapRow()[MapName].ToText(), QStringLiteral("Thornwood"));
+            form->View->HScroll->setValue(5);
+            form->View->VScroll->setValue(4);
+            const QString out = PathOf(QStringLiteral("pictures"));
+            const CommandResult result = RunCommand(
+                RenderCommand(),
+                {QStringLiteral("--game"), QStringLiteral("blue"), QStringLiteral("--map"),
+                 QString::number(Defines.CurMap), Folder(), PathOf(QString::fromLatin1(rom)), out});
+            ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
+            const QImage file(QDir(out).filePath(QStringLiteral("011_Thornwood.png")));
+            EXPECT_EQ(file.format(), QImage::Format_Indexed8);
+            const auto rgb = [](const QImage& image) {
+                return image.convertToFormat(QImage::Format_RGB32);
+            };
+            EXPECT_TRUE(
+                SamePixels(rgb(file).copy(4 * 64, 3 * 64, 8 * 64, 6 * 64),
+                           rgb(form->View->MapTile->grab().toImage()).copy(0, 0, 8 * 64, 6 * 64)));
+        }
         GoTo(form, 1, 1);    // a road with every editor and a warp-to list
         Script.AnswerYes();  // the wild editor asks at closing
         for (QAction* editor : {form->mnuBlockEdit, form->mnuWildEdit, form->mnuWarpEdit,

@@ -46,6 +46,11 @@ Fixture::SmallProject EditProject() {
     project.AddCategory(QStringLiteral("Nothing here"), 3);
     const int more = project.AddCategory(QStringLiteral("More, with a comma"), 10);
     project.AddMap(more, QStringLiteral("Far, away"), 5, 1, 0, [](int, int) { return 6; });
+    // Two blocks whose definitions run one byte past the ROM's end.
+    const int beyond = project.AddTileset(1, 0);
+    project.Tileset(beyond).BlockPos = project.Rom.Size() - 32 + 2;
+    project.AddMap(more, QStringLiteral("Blocks past the end"), 2, 2, beyond,
+                   [](int, int) { return 0; });
     return project;
 }
 
@@ -346,17 +351,6 @@ TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
     Form->mnuSaveAs->trigger();
     EXPECT_EQ(Defines.RomPath, copy);
     EXPECT_EQ(static_cast<quint8>(ReadFile(copy)[Field().GridPos]), 4 + 2);
-
-    // With the open ROM gone, the overwritten file stays whole.
-    ASSERT_TRUE(QFile::remove(copy));
-    Click(3, 1);
-    Script.ChooseFile(other);
-    Script.AnswerYes();
-    Form->mnuSaveAs->trigger();
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_EQ(ReadFile(other), before);
-    EXPECT_EQ(Defines.RomPath, copy);
-    EXPECT_TRUE(Form->MapChanged);
 }
 
 // The menu bar in order, separators as "-", with the captions, the shortcuts
@@ -403,7 +397,7 @@ TEST_F(MapEditTest, MenuBarAndWindowSizeAreAsTheUserFirstSeesThem) {
 
 // Browsing the lists shows the notes and loads nothing; "Go" on a category
 // without maps beeps; with changes, "Go" asks first; a map's row sets the
-// border block and the editor commands.
+// border block and the editor commands; a map that cannot be read is refused.
 TEST_F(MapEditTest, GoAsksBeforeItDiscardsAndSetsTheCommandsFromTheMapRow) {
     Paint();
     PressRow(Form->CatList, 2);
@@ -439,6 +433,11 @@ TEST_F(MapEditTest, GoAsksBeforeItDiscardsAndSetsTheCommandsFromTheMapRow) {
     }
     EXPECT_EQ(Script.Count(DiscardQuestion), 2);
     EXPECT_EQ(Defines.MapGrid[1][2], 1);  // loaded afresh
+    // A map whose blocks cannot be read whole is refused; the loaded map stays.
+    GoTo(Form, 2, 1);
+    ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("block definitions")));
+    EXPECT_EQ(Defines.CurMap, 0);
     Paint();
     Script.AnswerYes();
     Form->mnuExit->trigger();

@@ -1,12 +1,8 @@
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
 
-#include "core/defines.h"
-#include "demo/demoproject.h"
 #include "eventedit/eventedit.h"
-#include "fixture/project.h"
 #include "mapview/tiles.h"
 #include "support/apptest.h"
 #include "support/commands.h"
@@ -93,72 +89,18 @@ protected:
     QString Out;
 };
 
-// The cells of the editor's view, scrolled into the middle of a map, are the
-// same pixels as that part of the map's picture; the square whose byte lies
-// below the bias is among them. With --border the same picture, to its last
-// row and column, stands in a ring of the editor's border block; a map
-// without object data has no border block and no ring.
-TEST_F(RenderCommandTest, PicturesAreTheEditorsViewAndBorderPixelForPixel) {
+// With --marks every warp, warp-to point and event that an editor shows has
+// the editor's own symbol at the editor's place over the map, inside the
+// ring of --border; a warp beyond the picture is counted. The cells of the
+// editor's view, scrolled into the middle of a map, are the same pixels as
+// that part of the map's picture; the square whose byte lies below the bias
+// is among them. With --border the same picture, to its last row and column,
+// stands in a ring of the editor's border block; a map without object data
+// has no border block and no ring.
+TEST_F(RenderCommandTest, PicturesAndMarksAreTheEditorsViewPixelForPixel) {
     MainForm* form = StartUp(Rom);
     ASSERT_NE(form, nullptr);
     GoTo(form, 0, WideField);
-    form->View->HScroll->setValue(4);
-    form->View->VScroll->setValue(3);
-    // Square (6, 5) stands in view slot 2 + 8 x 2.
-    ASSERT_EQ(form->View->MapTile->Picture(16 * 18), Tiles::Bank().NoPicture());
-
-    CommandResult result = Render({QStringLiteral("--map"), QStringLiteral("Wide Field")});
-    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
-    const QImage plain = Picture(QStringLiteral("000_Wide_Field.png"));
-    ASSERT_EQ(plain.size(), QSize(14 * 64, 10 * 64));
-    EXPECT_TRUE(SamePixels(plain.copy(3 * 64, 2 * 64, 8 * 64, 6 * 64), ViewCells(form->View)));
-
-    const QImage border = Rgb(form->BorderBlock->grab().toImage());
-    ASSERT_EQ(border.size(), QSize(64, 64));
-    result = Render({QStringLiteral("--border"), QStringLiteral("--map"), QStringLiteral("Land")});
-    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
-    const QImage ringed = Picture(QStringLiteral("000_Wide_Field.png"));
-    ASSERT_EQ(ringed.size(), QSize(16 * 64, 12 * 64));
-    EXPECT_TRUE(SamePixels(ringed.copy(64, 64, 14 * 64, 10 * 64), plain));
-    for (const QPoint block : {QPoint(0, 0), QPoint(15, 0), QPoint(0, 11), QPoint(15, 11),
-                               QPoint(7, 0), QPoint(0, 5), QPoint(15, 6), QPoint(9, 11)})
-        EXPECT_TRUE(SamePixels(ringed.copy(block.x() * 64, block.y() * 64, 64, 64), border))
-            << "ring block " << block.x() << ", " << block.y();
-
-    EXPECT_EQ(Picture(QStringLiteral("001_Hut.png")).size(), QSize(3 * 64, 2 * 64));
-    EXPECT_TRUE(result.Out.contains(QStringLiteral("001_Hut.png  3 x 2 blocks, no border block")))
-        << result.Out.toStdString();
-}
-
-// The demo's tile bank has few colours, so its pictures are written with a
-// palette; they too are the editor's view pixel for pixel.
-TEST_F(RenderCommandTest, DemoPictureInIndexedColoursIsTheEditorsView) {
-    const QString demo = PathOf(QStringLiteral("demo"));
-    ASSERT_TRUE(Fixture::WriteProject(Fixture::DemoProject(), demo));
-    Defines.ProgramFolder = demo;
-    QString error;
-    ASSERT_TRUE(Tiles::Bank().Load(demo + QStringLiteral("/Tiles.png"), error));
-    Rom = demo + QStringLiteral("/MorlickBlue.gb");
-    MainForm* form = StartUp(Rom, 1);
-    ASSERT_NE(form, nullptr);
-    GoTo(form, 1, 3);
-    ASSERT_EQ(Defines.MapTable[Defines.CurMap][MapName].ToText(), QStringLiteral("Thornwood"));
-    form->View->HScroll->setValue(5);
-    form->View->VScroll->setValue(4);
-
-    const CommandResult result = RunCommand(
-        RenderCommand(), {QStringLiteral("--game"), QStringLiteral("blue"), QStringLiteral("--map"),
-                          QString::number(Defines.CurMap), demo, Rom, Out});
-    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
-    const QImage file(QDir(Out).filePath(QStringLiteral("011_Thornwood.png")));
-    EXPECT_EQ(file.format(), QImage::Format_Indexed8);
-    EXPECT_TRUE(SamePixels(Rgb(file).copy(4 * 64, 3 * 64, 8 * 64, 6 * 64), ViewCells(form->View)));
-}
-
-// With --marks every warp, warp-to point and event that an editor shows has
-// the editor's own symbol at the editor's place over the map, inside the
-// ring of --border; a warp beyond the picture is counted.
-TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
     CommandResult result =
         Render({QStringLiteral("--marks"), QStringLiteral("--map"), QString::number(WideField)});
     ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
@@ -169,9 +111,6 @@ TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
     ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
     const QImage picture = Picture(QStringLiteral("000_Wide_Field.png"));
 
-    MainForm* form = StartUp(Rom);
-    ASSERT_NE(form, nullptr);
-    GoTo(form, 0, WideField);
     // The symbols lie over the view, whose top left corner is the map's, one
     // block in from the picture's corner.
     int compared = 0;
@@ -202,20 +141,53 @@ TEST_F(RenderCommandTest, MarksAreTheEditorsSymbolsInTheirPlaces) {
     ASSERT_EQ(events->CurEventType, 1);
     compare(events->Placement, events->EventCount, events->EventNon);
     EXPECT_EQ(compared, 9);
+
+    // The main window's view, scrolled into the middle of the map.
+    form->View->HScroll->setValue(4);
+    form->View->VScroll->setValue(3);
+    // Square (6, 5) stands in view slot 2 + 8 x 2.
+    ASSERT_EQ(form->View->MapTile->Picture(16 * 18), Tiles::Bank().NoPicture());
+
+    result = Render({QStringLiteral("--map"), QStringLiteral("Wide Field")});
+    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
+    const QImage plain = Picture(QStringLiteral("000_Wide_Field.png"));
+    ASSERT_EQ(plain.size(), QSize(14 * 64, 10 * 64));
+    EXPECT_TRUE(SamePixels(plain.copy(3 * 64, 2 * 64, 8 * 64, 6 * 64), ViewCells(form->View)));
+
+    const QImage border = Rgb(form->BorderBlock->grab().toImage());
+    ASSERT_EQ(border.size(), QSize(64, 64));
+    result = Render({QStringLiteral("--border"), QStringLiteral("--map"), QStringLiteral("Land")});
+    ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
+    const QImage ringed = Picture(QStringLiteral("000_Wide_Field.png"));
+    ASSERT_EQ(ringed.size(), QSize(16 * 64, 12 * 64));
+    EXPECT_TRUE(SamePixels(ringed.copy(64, 64, 14 * 64, 10 * 64), plain));
+    for (const QPoint block : {QPoint(0, 0), QPoint(15, 0), QPoint(0, 11), QPoint(15, 11),
+                               QPoint(7, 0), QPoint(0, 5), QPoint(15, 6), QPoint(9, 11)})
+        EXPECT_TRUE(SamePixels(ringed.copy(block.x() * 64, block.y() * 64, 64, 64), border))
+            << "ring block " << block.x() << ", " << block.y();
+
+    EXPECT_EQ(Picture(QStringLiteral("001_Hut.png")).size(), QSize(3 * 64, 2 * 64));
+    EXPECT_TRUE(result.Out.contains(QStringLiteral("001_Hut.png  3 x 2 blocks, no border block")))
+        << result.Out.toStdString();
 }
 
 // --map takes a map's name in any case, a map row, or a category's name, and
 // each map is drawn once; a name that names nothing stops the command before
-// it draws anything.
-TEST_F(RenderCommandTest, MapsAreChosenByNameRowOrCategory) {
+// it draws anything. Without --map every map of every category is drawn; one
+// that cannot be read is named, the others are drawn, and the status says
+// that one is missing. --scale makes each pixel a square of that many
+// pixels, never blended with its neighbours.
+TEST_F(RenderCommandTest, MapsAreChosenByNameRowOrCategoryAndDrawnAtAnyScale) {
     CommandResult result =
         Render({QStringLiteral("--map"), QStringLiteral("wide FIELD"), QStringLiteral("--map"),
-                QStringLiteral("Hollow"), QStringLiteral("--map"), QStringLiteral("0")});
+                QStringLiteral("Hollow"), QStringLiteral("--map"), QStringLiteral("0"),
+                QStringLiteral("--scale"), QStringLiteral("3")});
     ASSERT_EQ(result.Status, 0) << result.Err.toStdString();
     EXPECT_EQ(QDir(Out).entryList(QDir::Files), QStringList({QStringLiteral("000_Wide_Field.png"),
                                                              QStringLiteral("002_Hollow.png")}));
     EXPECT_TRUE(result.Out.contains(QStringLiteral("[2/2] 002_Hollow.png  9 x 7 blocks")))
         << result.Out.toStdString();
+    const QImage scaled = Picture(QStringLiteral("002_Hollow.png"));
 
     QDir(Out).removeRecursively();
     result = Render({QStringLiteral("--map"), QStringLiteral("Land"), QStringLiteral("--map"),
@@ -232,12 +204,8 @@ TEST_F(RenderCommandTest, MapsAreChosenByNameRowOrCategory) {
     EXPECT_TRUE(
         result.Err.contains(QStringLiteral("No category of Maps.twy lists a map at row 7.")))
         << result.Err.toStdString();
-}
 
-// Without --map every map of every category is drawn; one that cannot be read
-// is named, the others are drawn, and the status says that one is missing.
-TEST_F(RenderCommandTest, AMapThatCannotBeReadIsNamedAndTheOthersAreDrawn) {
-    const CommandResult result = Render({});
+    result = Render({});
     EXPECT_EQ(result.Status, 1);
     EXPECT_TRUE(
         result.Err.contains(QStringLiteral("The map \"Broken\" (row 3 of Maps.twy) could "
@@ -248,18 +216,7 @@ TEST_F(RenderCommandTest, AMapThatCannotBeReadIsNamedAndTheOthersAreDrawn) {
                            QStringLiteral("002_Hollow.png")}));
     EXPECT_TRUE(result.Out.contains(QStringLiteral("3 of 4 maps drawn")))
         << result.Out.toStdString();
-}
-
-// --scale makes each pixel a square of that many pixels, never blended with
-// its neighbours.
-TEST_F(RenderCommandTest, ScaleRepeatsEveryPixel) {
-    ASSERT_EQ(Render({QStringLiteral("--map"), QStringLiteral("Hut")}).Status, 0);
-    const QImage plain = Picture(QStringLiteral("001_Hut.png"));
-    ASSERT_EQ(Render({QStringLiteral("--map"), QStringLiteral("Hut"), QStringLiteral("--scale"),
-                      QStringLiteral("3")})
-                  .Status,
-              0);
-    const QImage scaled = Picture(QStringLiteral("001_Hut.png"));
+    const QImage plain = Picture(QStringLiteral("002_Hollow.png"));
     ASSERT_EQ(scaled.size(), plain.size() * 3);
     EXPECT_TRUE(SamePixels(
         scaled, plain.scaled(plain.size() * 3, Qt::IgnoreAspectRatio, Qt::FastTransformation)));

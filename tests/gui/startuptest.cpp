@@ -26,8 +26,10 @@ Fixture::SmallProject TwoTilesetProject() {
 
 class StartupTest : public AppTest {};
 
-TEST_F(StartupTest, CancellingTheFirstDialogEndsWithNoWindowAndNoFile) {
-    const QStringList before = QDir(Folder()).entryList(QDir::Files);
+// At the first start, Cancel in the open dialog ends the program with no
+// window and no file made. A data file or a ROM that cannot be read is named;
+// the open dialog then comes again, and its Cancel ends the program.
+TEST_F(StartupTest, AtTheFirstStartCancelEndsAndAnUnreadableRomAsksForAnotherOne) {
     Script.CancelFile();
     Program::Main();
     EXPECT_TRUE(Program::Ended());
@@ -36,59 +38,10 @@ TEST_F(StartupTest, CancellingTheFirstDialogEndsWithNoWindowAndNoFile) {
     for (QWidget* w : QApplication::topLevelWidgets())
         EXPECT_FALSE(w->isVisible()) << w->windowTitle().toStdString();
     ASSERT_EQ(Script.Transcript().size(), 1u);
-    EXPECT_EQ(Script.Transcript()[0].kind, ScriptedDialogs::Kind::OpenFile);
     EXPECT_EQ(Script.Transcript()[0].title, QStringLiteral("Tarnwey - Open ROM File"));
     EXPECT_EQ(Script.Transcript()[0].folder, Folder());
-    EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), before);
-}
+    EXPECT_TRUE(QDir(Folder()).isEmpty());
 
-TEST_F(StartupTest, StartUpFillsTheListsAndLoadsTheFirstMap) {
-    const Fixture::SmallProject project = TwoTilesetProject();
-    const QString rom = project.Write(Folder());
-    Script.ChooseFile(rom);
-    Program::Main();
-    VersionSelect* version = Program::VersionSelectForm();
-    ASSERT_NE(version, nullptr);
-    EXPECT_TRUE(version->isVisible());
-    EXPECT_EQ(version->windowTitle(), QStringLiteral("Tarnwey"));
-    EXPECT_EQ(version->Client()->size(), QSize(258, 153));
-    EXPECT_EQ(version->VersionList->count(), 2);
-    EXPECT_EQ(version->VersionList->item(1)->text(), QStringLiteral("Morlick Blue (English)"));
-    EXPECT_FALSE(version->windowFlags() & Qt::WindowCloseButtonHint);
-    // A row is selected from the start, so OK always has a version to take.
-    EXPECT_EQ(version->VersionList->selectedItems().size(), 1);
-    EXPECT_EQ(Defines.RomPath, rom);
-
-    version->Command1_Click();
-    EXPECT_EQ(version->TilesetFile, QStringLiteral("TilesetsR.twy"));
-    EXPECT_FALSE(version->isVisible());
-    Splash* splash = Program::SplashForm();
-    ASSERT_NE(splash, nullptr);
-    EXPECT_TRUE(splash->isVisible());
-    EXPECT_TRUE(splash->Timer1->Enabled());
-    // The tick comes from the event loop, once.
-    QTRY_VERIFY(Program::MainWindow() != nullptr);
-    EXPECT_FALSE(splash->Timer1->Enabled());
-    MainForm* form = Program::MainWindow();
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_FALSE(splash->isVisible());
-
-    ASSERT_EQ(form->CatList->count(), 2);
-    EXPECT_EQ(form->CatList->currentRow(), 0);
-    EXPECT_EQ(form->MapList->count(), 2);
-    EXPECT_EQ(form->MapList->item(0)->text(), QStringLiteral("Brindle, the old town"));
-    EXPECT_EQ(form->MapComment->text(), QStringLiteral("Note of Brindle, the old town"));
-    EXPECT_EQ(Defines.CurMap, 0);
-    EXPECT_EQ(Defines.MapWidth, 10);
-    EXPECT_EQ(Defines.MapHeight, 7);
-    EXPECT_EQ(Defines.MapGrid[7][10], (10 + 7) % 21);
-    EXPECT_EQ(Defines.CategoryCount, 1);
-    EXPECT_EQ(Script.Unanswered(), 0);
-}
-
-// A data file or a ROM that cannot be read is named; at the first start the
-// open dialog then comes again, and its Cancel ends the program.
-TEST_F(StartupTest, AtTheFirstStartAnUnreadableRomAsksForAnotherOne) {
     for (const char* named : {"Maps.twy", "TilesetsR.twy", "outside"}) {
         SCOPED_TRACE(named);
         Program::Reset();
@@ -114,7 +67,9 @@ TEST_F(StartupTest, AtTheFirstStartAnUnreadableRomAsksForAnotherOne) {
 
 // A ROM from the command line stands for the first open dialog only: the
 // version question follows as after the dialog, and when that ROM cannot be
-// read the dialog comes after all.
+// read the dialog comes after all. OK takes the selected version; the splash
+// shows until the timer's tick comes from the event loop, once, and the main
+// window opens with the lists filled and the first map loaded.
 TEST_F(StartupTest, ARomGivenAtStartIsTakenInsteadOfTheFirstDialog) {
     const QString rom = TwoTilesetProject().Write(Folder());
     const QString notRom = PathOf(QStringLiteral("notes.txt"));
@@ -128,39 +83,44 @@ TEST_F(StartupTest, ARomGivenAtStartIsTakenInsteadOfTheFirstDialog) {
     Program::SplashForm()->Timer1_Timer();
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::OpenFile), 1);
-    Program::VersionSelectForm()->Command1_Click();
-    Program::SplashForm()->Timer1_Timer();
-    ASSERT_NE(Program::MainWindow(), nullptr);
     EXPECT_EQ(Defines.RomPath, rom);
-    EXPECT_EQ(Program::ExitStatus(), 0);
-}
 
-TEST_F(StartupTest, AVanishedRomIsToldOnGoAndTheLoadedMapStays) {
-    MainForm* form = StartUp(TwoTilesetProject());
-    ASSERT_NE(form, nullptr);
-    PressCell(form->View->MapTile, 0);
-    const std::int16_t painted = Defines.MapGrid[1][1];
-    QFile::remove(Defines.RomPath);
-    Script.AnswerYes();  // discard the changes and go
-    GoTo(form, 0, 1);
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-    EXPECT_EQ(Defines.CurMap, 0);
-    EXPECT_EQ(Defines.MapWidth, 10);
-    // The go did not happen, so the painted square is still unsaved work: the
-    // window still knows of it and can undo it, and leaving asks about it.
-    EXPECT_EQ(Defines.MapGrid[1][1], painted);
-    EXPECT_TRUE(form->MapChanged);
-    EXPECT_TRUE(form->mnuUndo->isEnabled());
-    EXPECT_EQ(form->Undo.UndoCount(), 1);
-    Script.AnswerNo();  // stay
-    form->mnuExit->trigger();
-    EXPECT_EQ(Script.Count(QStringLiteral("Exit without saving the changes you have made?")), 1);
+    VersionSelect* version = Program::VersionSelectForm();
+    ASSERT_TRUE(version->isVisible());
+    EXPECT_EQ(version->windowTitle(), QStringLiteral("Tarnwey"));
+    EXPECT_EQ(version->Client()->size(), QSize(258, 153));
+    EXPECT_EQ(version->VersionList->count(), 2);
+    EXPECT_EQ(version->VersionList->item(1)->text(), QStringLiteral("Morlick Blue (English)"));
+    EXPECT_FALSE(version->windowFlags() & Qt::WindowCloseButtonHint);
+    // A row is selected from the start, so OK always has a version to take.
+    EXPECT_EQ(version->VersionList->selectedItems().size(), 1);
+    version->Command1_Click();
+    EXPECT_EQ(version->TilesetFile, QStringLiteral("TilesetsR.twy"));
+    EXPECT_FALSE(version->isVisible());
+    Splash* splash = Program::SplashForm();
+    EXPECT_TRUE(splash->isVisible());
+    EXPECT_TRUE(splash->Timer1->Enabled());
+    QTRY_VERIFY(Program::MainWindow() != nullptr);
+    EXPECT_FALSE(splash->Timer1->Enabled());
+    EXPECT_FALSE(splash->isVisible());
+    MainForm* form = Program::MainWindow();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(Program::ExitStatus(), 0);
+
+    ASSERT_EQ(form->CatList->count(), 2);
+    EXPECT_EQ(form->CatList->currentRow(), 0);
+    EXPECT_EQ(form->MapList->count(), 2);
+    EXPECT_EQ(form->MapList->item(0)->text(), QStringLiteral("Brindle, the old town"));
+    EXPECT_EQ(form->MapComment->text(), QStringLiteral("Note of Brindle, the old town"));
+    EXPECT_EQ(Defines.MapGrid[7][10], (10 + 7) % 21);
+    EXPECT_EQ(Script.Unanswered(), 0);
 }
 
 // With changes made, File Open asks first: No keeps the window and its
 // changes. A Cancel in the dialog, a closed version question, or a ROM that
-// cannot be read all come back to the ROM open before, as it was. A File
-// Open that goes through runs start-up again with the earlier version chosen.
+// cannot be read all come back to the ROM open before, as it was; so does a
+// "Go" after the ROM vanished, which is told. A File Open that goes through
+// runs start-up again with the earlier version chosen.
 TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
     Fixture::SmallProject project = TwoTilesetProject();
     const QString rom = project.Write(Folder());
@@ -178,10 +138,14 @@ TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
 
     const QString notRom = PathOf(QStringLiteral("tarnwey.desktop"));
     ASSERT_TRUE(Fixture::WriteFile(notRom, "[Desktop Entry]\nName=Tarnwey\n"));
-    for (const int way : {0, 1, 2}) {
+    for (const int way : {0, 1, 2, 3}) {
         SCOPED_TRACE(way);
-        Script.AnswerYes();
-        if (way == 0) {
+        Script.AnswerYes();  // discard the changes
+        if (way == 3) {
+            ASSERT_TRUE(QFile::rename(rom, rom + QStringLiteral(".gone")));
+            GoTo(form, 0, 0);
+            ASSERT_TRUE(QFile::rename(rom + QStringLiteral(".gone"), rom));
+        } else if (way == 0) {
             Script.CancelFile();
             form->mnuOpen->trigger();
         } else {
@@ -207,7 +171,7 @@ TEST_F(StartupTest, FileOpenNeverLeavesTheUserWorseOff) {
         EXPECT_TRUE(form->MapChanged);
         EXPECT_EQ(form->Undo.UndoCount(), 1);
     }
-    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
+    EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 2);
     // The ROM open before is fully usable: its save writes the painting.
     Script.AnswerNo();  // no backup
     form->mnuSave->trigger();

@@ -1,9 +1,5 @@
 #include <algorithm>
-#include <limits>
-#include <memory>
 
-#include "mapview/compose.h"
-#include "mapview/tiles.h"
 #include "support/placementtest.h"
 #include "warpedit/warpedit.h"
 
@@ -12,10 +8,9 @@
 namespace {
 
 constexpr int RomSize = 64 * 1024;
-constexpr std::int32_t Highest = std::numeric_limits<std::int32_t>::max();
 
 // Map rows of the project.
-enum { Town, Wide, Three, Eight, Many, Outside, Empty, AtEnd };
+enum { Town, Wide, Three, Eight, Many, Outside, AtEnd };
 
 const QString Saved = QStringLiteral("Your changes to the warps have been saved!");
 const QString Discard = QStringLiteral("Discard the changes you have made?");
@@ -34,7 +29,6 @@ Fixture::SmallProject WarpProject() {
     add("Eight", 8, 6);
     add("Many", 4, 4);
     add("Outside", 4, 4);
-    add("Empty", 4, 4);
     add("At the end", 4, 4);
     // The town's coordinates are stored less its offsets of 2 and 3.
     project.Map(Town).XShift = 2;
@@ -53,14 +47,13 @@ Fixture::SmallProject WarpProject() {
         seventeen[i] = {i % 8, i % 8, i, i};
     project.AddWarps(Many, seventeen);
     project.AddWarpTo(Many, std::vector<Fixture::WarpToPoint>(16));
-    project.AddWarps(Empty, {});
     // Lists of three warps: one ends with the ROM's last byte, the other
     // would run one byte past it.
     project.Map(AtEnd).ObjectPos = RomSize - 13;
     project.Map(Outside).ObjectPos = RomSize - 12;
     project.Rom.PutByte(RomSize - 12, 3);
     project.Rom.PutByte(RomSize - 11, 3);
-    for (const int map : {Outside, Empty, Three, Eight, AtEnd})
+    for (const int map : {Outside, Three, Eight, AtEnd})
         project.AddWarpTo(map, {{0, 0, 0}});
     return project;
 }
@@ -106,6 +99,8 @@ TEST_F(WarpEditTest, TheWarpSaveRewritesExactlyItsListWithTheOffsetsTakenOff) {
     // its point typed, and rounded half to even.
     PressCell(w, 1, 2, 10);
     EXPECT_TRUE(w->WarpsChanged);
+    Script.AnswerNo();
+    EXPECT_FALSE(Close(w));        // closing asks about the placement; No keeps the window
     EXPECT_EQ(w->Warps[1][0], 5);  // y = 2 * 3 - 2 + 1
     EXPECT_EQ(w->Warps[1][1], 3);  // x = 2 * 2 - 2 + 1
     w->ToPoint->setText(QStringLiteral(" 2.5 "));
@@ -115,11 +110,8 @@ TEST_F(WarpEditTest, TheWarpSaveRewritesExactlyItsListWithTheOffsetsTakenOff) {
     const QByteArray after = ReadFile(Defines.RomPath);
     EXPECT_EQ(Differences(tampered, after),
               (std::vector<int>{first, first + 4, first + 5, first + 6, last}));
-    EXPECT_EQ(RomByte(after, first), 1);
-    EXPECT_EQ(RomByte(after, first + 4), 5 - 3);
-    EXPECT_EQ(RomByte(after, first + 5), 3 - 2);
-    EXPECT_EQ(RomByte(after, first + 6), 2);
-    EXPECT_EQ(RomByte(after, last), 1);
+    // Warps 0 and 2 as read; warp 1 at y 5 - 3 and x 3 - 2, point 2, map 255.
+    EXPECT_EQ(after.mid(first - 1, 12), QByteArray::fromHex("01040506 020102FF 00008001"));
     // After its save the window shows the warp where it was put and the
     // typed point as a number.
     EXPECT_EQ(w->Warps[1], (WarpRecord{5, 3, 2, 255}));
@@ -191,22 +183,12 @@ TEST_F(WarpEditTest, SymbolsShowOnlyInsideTheViewAndFollowItsScrolls) {
     EXPECT_FALSE(sym[4]->isVisibleTo(w));  // no warp
 
     // Each bar scrolls one square a step, until the last column or row
-    // reaches the view's edge; the cells show the squares from there on.
+    // reaches the view's edge.
     MapView* view = w->Placement->View;
     EXPECT_EQ(view->HScroll->maximum(), 40 - 7);
     EXPECT_EQ(view->VScroll->maximum(), 30 - 5);
-    const auto shows = [view](int slot, int x, int y) {
-        const int tile = Defines.BlockTiles[Defines.MapGrid[y][x]][5];
-        return view->MapTile->Picture(16 * slot + 5) == TilePicture(TileIndex(tile));
-    };
-    view->VScroll->setValue(25);
-    view->HScroll->setValue(33);
-    EXPECT_TRUE(shows(0, 33, 25));
-    EXPECT_TRUE(shows(47, 40, 30));
     view->VScroll->setValue(1);
     view->HScroll->setValue(2);
-    EXPECT_TRUE(shows(0, 2, 1));
-    EXPECT_TRUE(shows(47, 9, 6));
     EXPECT_EQ(sym[2]->LeftTwips(), 120);  // x = 2
     EXPECT_TRUE(sym[1]->isVisibleTo(w));
     EXPECT_EQ(sym[1]->LeftTwips(), 6840);  // x = 16
@@ -278,21 +260,12 @@ TEST_F(WarpEditTest, TheViewAndItsGridlinesFitTheMapSize) {
         w->CheckGrid->click();
         ASSERT_EQ(view->Vertical.size(), 15u);
         ASSERT_EQ(view->Horizontal.size(), 11u);
-        for (int k = 1; k <= 15; ++k) {
+        for (int k = 1; k <= 15; ++k)
             EXPECT_EQ(view->Vertical[k - 1]->isVisibleTo(w), k < 2 * c.cols) << k;
-            EXPECT_EQ(view->Vertical[k - 1]->X1(), 120 + 480 * k);
-            EXPECT_EQ(view->Vertical[k - 1]->Y2(), 120 + height);
-        }
-        for (int k = 1; k <= 11; ++k) {
+        for (int k = 1; k <= 11; ++k)
             EXPECT_EQ(view->Horizontal[k - 1]->isVisibleTo(w), k < 2 * c.rows) << k;
-            EXPECT_EQ(view->Horizontal[k - 1]->X2(), 120 + width);
-        }
-        // The names: Line13 is vertical line 8, Line21 horizontal line 6.
-        EXPECT_EQ(view->Lines[13], view->Vertical[7]);
-        EXPECT_EQ(view->Lines[21], view->Horizontal[5]);
-        w->CheckGrid->click();
-        for (size_t n = 1; n < view->Lines.size(); ++n)
-            EXPECT_FALSE(view->Lines[n]->isVisibleTo(w)) << n;
+        EXPECT_EQ(view->Vertical[0]->Y2(), 120 + height);  // each line runs the frame's length
+        EXPECT_EQ(view->Horizontal[0]->X2(), 120 + width);
         // A cell beyond the map takes no press.
         PressCell(w, 7, 5, 0);
         EXPECT_EQ(w->WarpsChanged, c.map != Three);
@@ -323,56 +296,4 @@ TEST_F(WarpEditTest, ListsTheEditorCannotReadWhollyAreToldOnOpening) {
     EXPECT_EQ(Open(Outside), nullptr);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
     EXPECT_TRUE(Form->isVisible());
-
-    // Object data at the highest positions: the count's position would
-    // overflow; it is refused, and the message names the highest position.
-    GoTo(Form, 0, Empty);
-    for (const std::int32_t objects : {Highest, Highest - 1}) {
-        Defines.MapTable[Empty][MapObjectPos] = Field::Number(objects);
-        Script.Clear();
-        Form->mnuWarpEdit->trigger();
-        ASSERT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);
-        const QString warning = Script.Transcript().back().text;
-        EXPECT_TRUE(warning.contains(QStringLiteral("warp count of map \"Empty\"")));
-        EXPECT_TRUE(warning.contains(QStringLiteral("from position %1").arg(Highest)))
-            << warning.toStdString();
-    }
-
-    // Offsets from Maps.twy are held to 16 bits, so the highest and the
-    // lowest overflow no field, and an unmoved warp is written back as it was.
-    Defines.MapTable[Town][MapXShift] = Field::Number(Highest);
-    Defines.MapTable[Town][MapYShift] = Field::Number(std::numeric_limits<std::int32_t>::min());
-    w = Open(Town);
-    ASSERT_NE(w, nullptr);
-    EXPECT_EQ(w->Warps[0][1], 4 + 32767);  // x
-    EXPECT_EQ(w->Warps[0][0], 1 - 32768);  // y
-    const QByteArray before = ReadFile(Defines.RomPath);
-    Script.Clear();
-    Save(w);
-    EXPECT_EQ(Script.Count(Saved), 1);
-    EXPECT_EQ(ReadFile(Defines.RomPath), before);
-}
-
-// The editor works on the map as the main window holds it: unsaved painting
-// shows in it, comes back untouched, and the map save writes it afterwards.
-TEST_F(WarpEditTest, UnsavedPaintingShowsInTheEditorAndSurvivesIt) {
-    const int painted = (Defines.MapGrid[1][1] + 1) % 4;
-    ::PressCell(Form->SideBlock, 16 * painted);
-    ::PressCell(Form->View->MapTile, 0);
-    const auto grid = std::make_unique<decltype(Defines.MapGrid)>(Defines.MapGrid);
-    Form->mnuWarpEdit->trigger();
-    WarpEdit* w = Form->findChildren<WarpEdit*>().value(0);
-    ASSERT_NE(w, nullptr);
-    EXPECT_EQ(w->Placement->View->MapTile->Picture(0),
-              TilePicture(TileIndex(Defines.BlockTiles[painted][0])));
-    // A placement: closing asks, and No keeps the window; after the save
-    // closing asks nothing.
-    PressCell(w, 1, 2, 0);
-    Script.AnswerNo();
-    EXPECT_FALSE(Close(w));
-    Save(w);
-    EXPECT_TRUE(Close(w));
-    EXPECT_EQ(Script.Count(Discard), 1);
-    EXPECT_TRUE(*grid == Defines.MapGrid);
-    EXPECT_TRUE(Form->MapChanged);
 }
