@@ -616,10 +616,10 @@ std::function<void()> Inject(std::initializer_list<std::pair<FileOps::Op, int>> 
     return [] { FileOps::ClearFaults(); };
 }
 
-// Every kind of end a save can come to: refused before the backup, refused
-// by the ROM's check, stopped in the backup with the ROM kept, and stopped
-// with the ROM only in the backup. The save transaction's own tests go
-// through each step; here every saver has to meet them the same way.
+// Every kind of end a save can come to: refused before the backup or by the
+// disk, refused by the ROM's check, stopped in the backup with the ROM kept,
+// and stopped with the ROM only in the backup. The save transaction's own
+// tests go through each step; here every saver has to meet them the same way.
 const std::vector<Fault>& Faults() {
     using Op = FileOps::Op;
     static const std::vector<Fault> faults = {
@@ -631,6 +631,11 @@ const std::vector<Fault>& Faults() {
          [](const QString& rom) {
              TestFiles::Write(rom, QByteArray(QFileInfo(rom).size() + 1, '\x11'));
              return Nothing;
+         }},
+        {"disk full during the write", false, QStringLiteral("could not be written"), false, true,
+         [](const QString&) {
+             auto limit = std::make_shared<TestFiles::FileSizeLimit>(1);
+             return [limit]() mutable { limit.reset(); };
          }},
         {"backup step 4, written back short", true, QStringLiteral("written back"), false, false,
          [](const QString&) {
@@ -761,6 +766,7 @@ protected:
             bool met = false;
             failure = MeetFault(fault, c, before, met);
             tally[index].FaultsMet += met;
+            GiveUpMap_ = !c.Window;
             return Finish(c.Window, failure);
         }
         const QByteArray shown = c.Shows();
@@ -848,10 +854,11 @@ protected:
         return failure;
     }
 
-    // Has the main window go to a map, giving up changes a case did not save.
+    // Has the main window go to a map, giving up the changes of a map save
+    // that met a file fault.
     QString GoToMap(const MapPlan& map) {
         Script.Clear();
-        if (Form_->MapChanged) Script.AnswerYes();
+        if (std::exchange(GiveUpMap_, false)) Script.AnswerYes();
         GoTo(Form_, map.Category, map.ListRow);
         if (Defines.CurMap != map.Row || Script.Count(ScriptedDialogs::Kind::Warning) > 0)
             return QStringLiteral("\"Go\" did not load the map: ") + Script.Texts().join(u'|');
@@ -871,6 +878,7 @@ protected:
 
     World World_;
     MainForm* Form_ = nullptr;
+    bool GiveUpMap_ = false;
 };
 
 TEST_F(SaverTest, EverySaverWritesOnlyItsAreaWhatItsWindowShowsAndSurvivesFileFaults) {
