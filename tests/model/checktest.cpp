@@ -2,6 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <functional>
@@ -289,9 +292,9 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOfBothVersionsOnce) {
     });
     const QString message =
         QStringLiteral("The map is 0 blocks high, but a map is 1 to 255 blocks high.");
-    const CommandResult text =
-        RunCommand({QStringLiteral("--game=both"), QStringLiteral("--verbose"), Folder, RomPath,
-                    QDir(Folder).filePath(QLatin1String(Fixture::RomFileBlue))});
+    const QString blueRom = QDir(Folder).filePath(QLatin1String(Fixture::RomFileBlue));
+    const CommandResult text = RunCommand(
+        {QStringLiteral("--game=both"), QStringLiteral("--verbose"), Folder, RomPath, blueRom});
     EXPECT_EQ(text.Status, 1);
     EXPECT_EQ(text.Out,
               QStringLiteral("[blue] TilesetsB.twy, row 1, column 5 (block position): The block "
@@ -303,4 +306,27 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOfBothVersionsOnce) {
                   .arg(project.Rom.Size())
                   .arg(project.Rom.Size() + 63)
                   .arg(message, Folder));
+
+    // The same report for other programs: each finding with its cell and the
+    // versions it holds for.
+    const CommandResult json = RunCommand(
+        {QStringLiteral("--game=both"), QStringLiteral("--json"), Folder, RomPath, blueRom});
+    EXPECT_EQ(json.Status, 1);
+    const QJsonObject root = QJsonDocument::fromJson(json.Out.toUtf8()).object();
+    const QJsonArray both{QStringLiteral("red"), QStringLiteral("blue")};
+    EXPECT_EQ(root[QStringLiteral("versions")].toArray(), both);
+    EXPECT_EQ(root[QStringLiteral("status")].toInt(), 1);
+    EXPECT_EQ(root[QStringLiteral("unreadable")], QJsonValue(QJsonArray()));
+    const QJsonArray findings = root[QStringLiteral("findings")].toArray();
+    ASSERT_EQ(findings.size(), 2);
+    EXPECT_EQ(findings[0][QStringLiteral("versions")].toArray(),
+              QJsonArray{QStringLiteral("blue")});
+    EXPECT_EQ(findings[1].toObject(),
+              (QJsonObject{{QStringLiteral("file"), QStringLiteral("Maps.twy")},
+                           {QStringLiteral("row"), Oak},
+                           {QStringLiteral("name"), QStringLiteral("Oak")},
+                           {QStringLiteral("column"), 5},
+                           {QStringLiteral("columnName"), QStringLiteral("height")},
+                           {QStringLiteral("message"), message},
+                           {QStringLiteral("versions"), both}}));
 }

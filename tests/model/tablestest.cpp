@@ -220,15 +220,16 @@ TEST_F(DataFiles, EachFileFillsItsRowsWhateverItsLineEndsAndEncoding) {
           QStringLiteral("last category 3")}},
         // Codes are hexadecimal however they are written, and no line is
         // skipped; a later record takes a code's row and a place's, and the
-        // records stay as the file gives them.
+        // records stay as the file gives them. The last code and the last
+        // place are 255.
         {Species,
-         "4\n10,\"Grove\",3\n\"0A\",Ten,1\n\"10\",\"Sixteen\"\n4\nff,\"Last\",2\n\n",
+         "4\n10,\"Grove\",3\n\"0A\",Ten,1\n\"10\",\"Sixteen\"\n4\nff,\"Last\",255\n\n",
          {QStringLiteral("species 16|Grove|3"), QStringLiteral("species 10|Ten|1"),
-          QStringLiteral("species 16|Sixteen|4"), QStringLiteral("species 255|Last|2"),
-          QStringLiteral("place 1: 10"), QStringLiteral("place 2: 255"),
-          QStringLiteral("place 3: 16"), QStringLiteral("place 4: 16"),
-          QStringLiteral("code 10: Ten|1"), QStringLiteral("code 16: Sixteen|4"),
-          QStringLiteral("code 255: Last|2"), QStringLiteral("count 4, more from line 0")}},
+          QStringLiteral("species 16|Sixteen|4"), QStringLiteral("species 255|Last|255"),
+          QStringLiteral("place 1: 10"), QStringLiteral("place 3: 16"),
+          QStringLiteral("place 4: 16"), QStringLiteral("code 10: Ten|1"),
+          QStringLiteral("code 16: Sixteen|4"), QStringLiteral("place 255: 255"),
+          QStringLiteral("code 255: Last|255"), QStringLiteral("count 4, more from line 0")}},
         // Two heading lines are skipped, even when they look like records.
         {Types,
          "\"A\",\"Looks\",1,5,0,0,1,2,0,0,0,0,0,0,0\n\"B\",\"Like\",1,5,0,0,1,2,0,0,0,0,0,0,0\n"
@@ -269,34 +270,6 @@ TEST_F(DataFiles, EachFileFillsItsRowsWhateverItsLineEndsAndEncoding) {
             EXPECT_EQ(Read, QStringList(f.read).replaceInStrings(QStringLiteral("Grove"), v.grove));
         }
     }
-}
-
-// A file holds up to 256 tilesets and 256 categories, the last map row is
-// 255, and the species list has places 1 to 255.
-TEST_F(DataFiles, TheFullestFilesFillTheLastRows) {
-    QByteArray tilesets = TilesetHeader;
-    for (int r = 0; r < Limits::TableRows; ++r)
-        tilesets += TilesetRecord(r);
-    ASSERT_TRUE(Load(Tilesets, tilesets)) << Error.toStdString();
-    EXPECT_EQ(Read.mid(Read.size() - 2),
-              (QStringList{QStringLiteral("tileset 255: 255|Set 255|355|2550|255|20464|0"),
-                           QStringLiteral("last 255")}));
-    QByteArray maps = MapsHeader;
-    for (int c = 0; c < Limits::TableRows; ++c)
-        maps += Group(QStringLiteral("Cat %1").arg(c), c, c == 255 ? 1 : 0);
-    ASSERT_TRUE(Load(Maps, maps)) << Error.toStdString();
-    EXPECT_EQ(Read.mid(Read.size() - 3),
-              (QStringList{QStringLiteral("category 255: |Cat 255|255|1"),
-                           QStringLiteral("map 255: 255|Map 255|1255|2255|x|1|y|3|3|Note 255|3255|"
-                                          "-3|True|2|-1|4|4255|0"),
-                           QStringLiteral("last category 255")}));
-    QByteArray species = "255\n";
-    for (int code = 0; code < 255; ++code)
-        species +=
-            QByteArray::number(code, 16) + ",\"Kind\"," + QByteArray::number(code + 1) + "\n";
-    ASSERT_TRUE(Load(Species, species)) << Error.toStdString();
-    EXPECT_TRUE(Read.contains(QStringLiteral("place 255: 254")));
-    EXPECT_EQ(Read.last(), QStringLiteral("count 255, more from line 0"));
 }
 
 // A file that is missing, ends inside a record, holds more than its table
