@@ -130,6 +130,31 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
         std::function<void(const QString&)> spoil = {};  // a change to the written folder
     } cases[] = {
         {"the sound folder", [](SmallProject&) {}, {}},
+        {"the most the editor holds: 16 warps and 16 warp-to points, 32 events, tiles 0 to 159 "
+         "and blocks 0 to 255, and another tileset's blocks from the same start",
+         [](SmallProject& p) {
+             p.AddWarps(Oak, std::vector<Fixture::Warp>(16));
+             p.AddWarpTo(Deep, std::vector<Fixture::WarpToPoint>(16));
+             p.AddEventList(Oak, People, Records(p, People, 32));
+             p.Tileset(1).LastTile = 159;
+             p.Tileset(1).TileBase = 520 - 160;
+             p.Tileset(1).LastBlock = 255;
+             p.Tileset(1).BlockPos = p.Rom.Allocate(256 * 16);
+             p.Tileset(0).BlockPos = p.Tileset(1).BlockPos;
+         },
+         {}},
+        {"what the editor does not read goes unchecked: no object data on two maps (both border "
+         "bytes at position 1), a map whose warps and events are not editable",
+         [romSize](SmallProject& p) {
+             p.Map(Elm).ObjectPos = 1;
+             p.Map(Deep).ObjectPos = 1;
+             p.Map(Oak).ObjectPos = romSize;
+             p.Map(Oak).WarpsOk = false;
+             p.EventLists.push_back({Oak, {}});
+             p.EventLists.back().SetList(1, romSize + 10, 1);
+             p.Map(Oak).EventsOk = false;
+         },
+         {}},
         // Tileset rows.
         {"block definitions past the end",
          [romSize](SmallProject& p) { p.Tileset(1).BlockPos = romSize - 62; },
@@ -139,17 +164,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
               .arg(romSize - 62)
               .arg(romSize + 1)
               .arg(romSize)}},
-        {"two tilesets share their blocks from one start",
-         [](SmallProject& p) { p.Tileset(1).BlockPos = p.Tileset(0).BlockPos; },
-         {}},
-        {"the most a tileset can hold: tiles 0 to 159 and blocks 0 to 255",
-         [](SmallProject& p) {
-             p.Tileset(1).LastTile = 159;
-             p.Tileset(1).TileBase = 520 - 160;
-             p.Tileset(1).LastBlock = 255;
-             p.Tileset(1).BlockPos = p.Rom.Allocate(256 * 16);
-         },
-         {}},
         // Map rows.
         {"height 0", [](SmallProject& p) { p.Map(Oak).Rows = 0; }, {oakHeight}},
         {"border byte past the end",
@@ -173,24 +187,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
                          "for both.")
               .arg(map(Elm).ObjectPos)
               .arg(map(Elm).ObjectPos + 9)}},
-        {"no object data on two maps: both border bytes at position 1",
-         [](SmallProject& p) {
-             p.Map(Oak).ObjectPos = 1;
-             p.Map(Deep).ObjectPos = 1;
-         },
-         {}},
-        {"warps not editable: the count byte is not read",
-         [](SmallProject& p) {
-             p.Map(Oak).ObjectPos = p.Rom.Size();
-             p.Map(Oak).WarpsOk = false;
-         },
-         {}},
-        {"16 warps and 16 warp-to points, the most the editor holds",
-         [](SmallProject& p) {
-             p.AddWarps(Oak, std::vector<Fixture::Warp>(16));
-             p.AddWarpTo(Deep, std::vector<Fixture::WarpToPoint>(16));
-         },
-         {}},
         {"a species code that Morlick.twy does not name",
          [&](SmallProject& p) { p.Rom.PutByte(map(Deep).WildPos + 7, 0x7F); },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 16 (wild position): The wild list at "
@@ -230,21 +226,11 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
                          "position for one type and as a count for the other, or one list for "
                          "both.")}},
         // Events.twy.
-        {"32 events, the most the editor holds",
-         [](SmallProject& p) { p.AddEventList(Oak, People, Records(p, People, 32)); },
-         {}},
         {"an event count above 32",
          [](SmallProject& p) { p.AddEventList(Oak, People, Records(p, People, 33)); },
          {QStringLiteral("Events.twy, row 1 \"Oak\", column 2 (number of \"People\" records): The "
                          "map has 33 \"People\" events, but the event editor holds 32: it would "
                          "show and save only the first 32.")}},
-        {"an event list on a map whose events are not editable",
-         [romSize](SmallProject& p) {
-             p.EventLists.push_back({Oak, {}});
-             p.EventLists.back().SetList(1, romSize + 10, 1);
-             p.Map(Oak).EventsOk = false;
-         },
-         {}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.fault);

@@ -319,20 +319,4 @@ TEST_F(RomSave, ASaveThatCannotGoThroughIsToldAndKeepsTheRom) {
             EXPECT_EQ(TestFiles::Read(Temp()), Original);
         }
     }
-
-    // The user opened "temp.twy" in the program's folder: the backup's own
-    // temporary name. Nothing may be deleted; without a backup the save goes on.
-    RomPath = Temp();
-    ASSERT_TRUE(TestFiles::Write(RomPath, Original));
-    ASSERT_TRUE(TestFiles::Write(Bak(), older));
-    Script.Clear();
-    Script.AnswerYes();
-    EXPECT_FALSE(Save(Backup::Offer, {1}, 0x00));
-    EXPECT_FALSE(Wrote);
-    EXPECT_TRUE(Script.Transcript().back().text.contains(QStringLiteral("temp.twy")));
-    EXPECT_EQ(TestFiles::Read(RomPath), Original);
-    EXPECT_EQ(TestFiles::Read(Bak()), older);
-    Script.AnswerNo();
-    EXPECT_TRUE(Save(Backup::Offer, {1}, 0x00)) << Transcript().toStdString();
-    EXPECT_EQ(TestFiles::Read(RomPath), With(Original, {1}, 0x00));
 }

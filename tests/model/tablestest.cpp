@@ -44,8 +44,7 @@ void Dump(const char* tag, const Table& table, QStringList& read) {
 // A reader of one data file and everything it read, as comparable text.
 struct Reader {
     QString File;
-    QString Missing;  // the sentence that ends the message of a missing file
-    QString Damaged;  // and of a damaged one
+    QString Damaged;  // the sentence that ends the message of a damaged file
     std::function<bool(const QString& path, QStringList& read, QString& error)> Load;
 };
 
@@ -56,7 +55,7 @@ const QString EventsStop = QStringLiteral("The events cannot be edited until it 
 
 std::vector<Reader> Readers() {
     return {
-        {QLatin1String(Fixture::TilesetFileRed), ProgramNeeds, ProgramStops,
+        {QLatin1String(Fixture::TilesetFileRed), ProgramStops,
          [](const QString& path, QStringList& read, QString& error) {
              auto table = std::make_unique<TilesetTableT>();
              std::int16_t last = -1;
@@ -65,7 +64,7 @@ std::vector<Reader> Readers() {
              read << QStringLiteral("last %1").arg(last);
              return true;
          }},
-        {QLatin1String(Fixture::MapsFile), ProgramNeeds, ProgramStops,
+        {QLatin1String(Fixture::MapsFile), ProgramStops,
          [](const QString& path, QStringList& read, QString& error) {
              auto categories = std::make_unique<CategoryTableT>();
              auto maps = std::make_unique<MapTableT>();
@@ -77,7 +76,6 @@ std::vector<Reader> Readers() {
              return true;
          }},
         {QLatin1String(Fixture::MorlickFile),
-         QStringLiteral("Tarnwey needs it beside the program to name the wild Morlick."),
          QStringLiteral("The wild Morlick cannot be edited until it is mended."),
          [](const QString& path, QStringList& read, QString& error) {
              auto tables = std::make_unique<MorlickTables>();
@@ -99,7 +97,7 @@ std::vector<Reader> Readers() {
                          .arg(tables->ExtraLine);
              return true;
          }},
-        {QLatin1String(Fixture::EventTypesFile), EventsStop, EventsStop,
+        {QLatin1String(Fixture::EventTypesFile), EventsStop,
          [](const QString& path, QStringList& read, QString& error) {
              auto table = std::make_unique<EventTypeTableT>();
              std::int16_t last = -1;
@@ -108,7 +106,7 @@ std::vector<Reader> Readers() {
              read << QStringLiteral("last %1").arg(last);
              return true;
          }},
-        {QLatin1String(Fixture::EventsFile), EventsStop, EventsStop,
+        {QLatin1String(Fixture::EventsFile), EventsStop,
          [](const QString& path, QStringList& read, QString& error) {
              auto table = std::make_unique<EventAddressTableT>();
              if (!LoadEventsFile(path, *table, error)) return false;
@@ -340,6 +338,6 @@ TEST_F(DataFiles, AMissingOrDamagedFileIsToldWithItsNameAndLine) {
         const Reader& reader = ReaderOf(c.file);
         EXPECT_EQ(Error, QStringLiteral("The data file \"%1\" %2\n\n%3")
                              .arg(c.file, says,
-                                  says.startsWith(u"could") ? reader.Missing : reader.Damaged));
+                                  says.startsWith(u"could") ? ProgramNeeds : reader.Damaged));
     }
 }
