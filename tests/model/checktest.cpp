@@ -116,7 +116,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
     // Positions of the sound folder, which every case starts from.
     SmallProject sound = SoundProject();
     const int romSize = sound.Rom.Size();
-    const auto map = [&sound](int row) -> const Fixture::MapRow& { return sound.Map(row); };
     const QString oakHeight = QStringLiteral(
         "Maps.twy, row 1 \"Oak\", column 5 (height): The map is 0 blocks high, but a map is 1 to "
         "255 blocks high.");
@@ -180,20 +179,20 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
                          "editor holds 16: it would show and save only the first 16.")
               .arg(sound.Rom.NextFree() + 1)}},
         {"object data over another map's",
-         [&](SmallProject& p) { p.Map(Oak).ObjectPos = map(Elm).ObjectPos; },
+         [](SmallProject& p) { p.Map(Oak).ObjectPos = p.Map(Elm).ObjectPos; },
          {QStringLiteral("Maps.twy, row 1 \"Oak\", column 3 (object data position): The object "
                          "data (positions %1 to %2) shares positions %1 to %2 with the object data "
                          "of map 0 \"Elm\" (Maps.twy, row 0): the editor would take these bytes "
                          "for both.")
-              .arg(map(Elm).ObjectPos)
-              .arg(map(Elm).ObjectPos + 9)}},
+              .arg(sound.Map(Elm).ObjectPos)
+              .arg(sound.Map(Elm).ObjectPos + 9)}},
         {"a species code that Morlick.twy does not name",
-         [&](SmallProject& p) { p.Rom.PutByte(map(Deep).WildPos + 7, 0x7F); },
+         [](SmallProject& p) { p.Rom.PutByte(p.Map(Deep).WildPos + 7, 0x7F); },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 16 (wild position): The wild list at "
                          "position %1 of MorlickRed.gb holds species code 7F (slot 3), which no "
                          "record of Morlick.twy names: the wild editor would show no name and no "
                          "choice for it.")
-              .arg(map(Deep).WildPos)}},
+              .arg(sound.Map(Deep).WildPos)}},
         {"a category over one row of another's",
          [](SmallProject& p) { p.Categories[1].FirstMap = Oak; },
          {QStringLiteral("Maps.twy, row 1 \"Caves\", column 2 (first map row): Its maps take rows "
