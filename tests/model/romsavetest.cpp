@@ -234,12 +234,13 @@ TEST_F(RomSave, BackupHoldsTheRomAsItWasBeforeTheLatestSaveWithAYes) {
 // outside the ROM. What must lie on the disk afterwards: the ROM whole under
 // its name wherever that can be, and never a save written into anything.
 TEST_F(RomSave, ASaveThatCannotGoThroughIsToldAndKeepsTheRom) {
+    static const QByteArray older("older backup");
     struct Case {
         const char* name;
         std::vector<std::pair<Op, int>> faults = {};
-        QString told = {};               // a part of the warning besides the ROM's name
-        bool romAtItsName = true;        // else the ROM's bytes are in the .BAK file
-        const char* bakHolds = "older";  // "older", "rom" or "" for no file
+        QString told = {};            // a part of the warning besides the ROM's name
+        bool romAtItsName = true;     // else the ROM's bytes are in the .BAK file
+        QByteArray bakHolds = older;  // a null array: no .BAK file
         bool tempLeft = false;
         qint64 expectedSize = -1;
         bool romGone = false;
@@ -247,20 +248,20 @@ TEST_F(RomSave, ASaveThatCannotGoThroughIsToldAndKeepsTheRom) {
     };
     const Case cases[] = {
         {.name = "1: old backup not deleted", .faults = {{Op::Remove, 1}}},
-        {.name = "2: no temporary copy", .faults = {{Op::Copy, 1}}, .bakHolds = ""},
-        {.name = "2: temporary copy short", .faults = {{Op::ShortCopy, 1}}, .bakHolds = ""},
-        {.name = "3: ROM not renamed", .faults = {{Op::Rename, 1}}, .bakHolds = ""},
+        {.name = "2: no temporary copy", .faults = {{Op::Copy, 1}}, .bakHolds = {}},
+        {.name = "2: temporary copy short", .faults = {{Op::ShortCopy, 1}}, .bakHolds = {}},
+        {.name = "3: ROM not renamed", .faults = {{Op::Rename, 1}}, .bakHolds = {}},
         {.name = "4: copy not written back, ROM renamed back",
          .faults = {{Op::Copy, 2}},
-         .bakHolds = ""},
+         .bakHolds = {}},
         {.name = "4: copy written back short, ROM renamed back",
          .faults = {{Op::ShortCopy, 2}},
-         .bakHolds = ""},
+         .bakHolds = {}},
         {.name = "4: copy not written back, ROM not renamed back",
          .faults = {{Op::Copy, 2}, {Op::Rename, 2}},
          .told = QDir::toNativeSeparators(Bak()),
          .romAtItsName = false,
-         .bakHolds = "rom",
+         .bakHolds = Original,
          .tempLeft = true},
         {.name = "a ROM grown since it was read",
          .told = QStringLiteral("is now 300 bytes long, but it had 299 bytes"),
@@ -270,7 +271,6 @@ TEST_F(RomSave, ASaveThatCannotGoThroughIsToldAndKeepsTheRom) {
          .told = QStringLiteral("Position 301 lies outside the ROM file \"Morlick Red.gb\""),
          .skipBackup = true},
     };
-    const QByteArray older("older backup");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         QFile::remove(Bak());
@@ -305,12 +305,8 @@ TEST_F(RomSave, ASaveThatCannotGoThroughIsToldAndKeepsTheRom) {
             EXPECT_FALSE(QFile::exists(RomPath));
             EXPECT_EQ(FileNumber(Bak()), romFile);
         }
-        const QString bak = QString::fromLatin1(c.bakHolds);
-        const QByteArray bakHolds = bak == u"older" ? older
-                                    : bak == u"rom" ? Original
-                                                    : QByteArray();
-        EXPECT_EQ(QFile::exists(Bak()), !bakHolds.isNull());
-        EXPECT_EQ(TestFiles::Read(Bak()), bakHolds);
+        EXPECT_EQ(QFile::exists(Bak()), !c.bakHolds.isNull());
+        EXPECT_EQ(TestFiles::Read(Bak()), c.bakHolds);
         EXPECT_EQ(QFile::exists(Temp()), c.tempLeft);
         EXPECT_EQ(TestFiles::Read(Temp()), c.tempLeft ? Original : QByteArray());
     }
