@@ -313,5 +313,6 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOfBothVersionsOnce) {
                            {QStringLiteral("column"), 5},
                            {QStringLiteral("columnName"), QStringLiteral("height")},
                            {QStringLiteral("message"), message},
-                           {QStringLiteral("versions"), both}}));
+                           {QStringLiteral("versions"), both}}))
+        << json.Out.toStdString();
 }
