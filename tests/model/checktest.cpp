@@ -2,6 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <functional>
@@ -113,7 +116,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
     // Positions of the sound folder, which every case starts from.
     SmallProject sound = SoundProject();
     const int romSize = sound.Rom.Size();
-    const auto map = [&sound](int row) -> const Fixture::MapRow& { return sound.Map(row); };
     const QString oakHeight = QStringLiteral(
         "Maps.twy, row 1 \"Oak\", column 5 (height): The map is 0 blocks high, but a map is 1 to "
         "255 blocks high.");
@@ -127,6 +129,31 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
         std::function<void(const QString&)> spoil = {};  // a change to the written folder
     } cases[] = {
         {"the sound folder", [](SmallProject&) {}, {}},
+        {"the most the editor holds: 16 warps and 16 warp-to points, 32 events, tiles 0 to 159 "
+         "and blocks 0 to 255, and another tileset's blocks from the same start",
+         [](SmallProject& p) {
+             p.AddWarps(Oak, std::vector<Fixture::Warp>(16));
+             p.AddWarpTo(Deep, std::vector<Fixture::WarpToPoint>(16));
+             p.AddEventList(Oak, People, Records(p, People, 32));
+             p.Tileset(1).LastTile = 159;
+             p.Tileset(1).TileBase = 520 - 160;
+             p.Tileset(1).LastBlock = 255;
+             p.Tileset(1).BlockPos = p.Rom.Allocate(256 * 16);
+             p.Tileset(0).BlockPos = p.Tileset(1).BlockPos;
+         },
+         {}},
+        {"what the editor does not read goes unchecked: no object data on two maps (both border "
+         "bytes at position 1), a map whose warps and events are not editable",
+         [romSize](SmallProject& p) {
+             p.Map(Elm).ObjectPos = 1;
+             p.Map(Deep).ObjectPos = 1;
+             p.Map(Oak).ObjectPos = romSize;
+             p.Map(Oak).WarpsOk = false;
+             p.EventLists.push_back({Oak, {}});
+             p.EventLists.back().SetList(1, romSize + 10, 1);
+             p.Map(Oak).EventsOk = false;
+         },
+         {}},
         // Tileset rows.
         {"block definitions past the end",
          [romSize](SmallProject& p) { p.Tileset(1).BlockPos = romSize - 62; },
@@ -136,17 +163,6 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
               .arg(romSize - 62)
               .arg(romSize + 1)
               .arg(romSize)}},
-        {"two tilesets share their blocks from one start",
-         [](SmallProject& p) { p.Tileset(1).BlockPos = p.Tileset(0).BlockPos; },
-         {}},
-        {"the most a tileset can hold: tiles 0 to 159 and blocks 0 to 255",
-         [](SmallProject& p) {
-             p.Tileset(1).LastTile = 159;
-             p.Tileset(1).TileBase = 520 - 160;
-             p.Tileset(1).LastBlock = 255;
-             p.Tileset(1).BlockPos = p.Rom.Allocate(256 * 16);
-         },
-         {}},
         // Map rows.
         {"height 0", [](SmallProject& p) { p.Map(Oak).Rows = 0; }, {oakHeight}},
         {"border byte past the end",
@@ -163,38 +179,20 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
                          "editor holds 16: it would show and save only the first 16.")
               .arg(sound.Rom.NextFree() + 1)}},
         {"object data over another map's",
-         [&](SmallProject& p) { p.Map(Oak).ObjectPos = map(Elm).ObjectPos; },
+         [](SmallProject& p) { p.Map(Oak).ObjectPos = p.Map(Elm).ObjectPos; },
          {QStringLiteral("Maps.twy, row 1 \"Oak\", column 3 (object data position): The object "
                          "data (positions %1 to %2) shares positions %1 to %2 with the object data "
                          "of map 0 \"Elm\" (Maps.twy, row 0): the editor would take these bytes "
                          "for both.")
-              .arg(map(Elm).ObjectPos)
-              .arg(map(Elm).ObjectPos + 9)}},
-        {"no object data on two maps: both border bytes at position 1",
-         [](SmallProject& p) {
-             p.Map(Oak).ObjectPos = 1;
-             p.Map(Deep).ObjectPos = 1;
-         },
-         {}},
-        {"warps not editable: the count byte is not read",
-         [](SmallProject& p) {
-             p.Map(Oak).ObjectPos = p.Rom.Size();
-             p.Map(Oak).WarpsOk = false;
-         },
-         {}},
-        {"16 warps and 16 warp-to points, the most the editor holds",
-         [](SmallProject& p) {
-             p.AddWarps(Oak, std::vector<Fixture::Warp>(16));
-             p.AddWarpTo(Deep, std::vector<Fixture::WarpToPoint>(16));
-         },
-         {}},
+              .arg(sound.Map(Elm).ObjectPos)
+              .arg(sound.Map(Elm).ObjectPos + 9)}},
         {"a species code that Morlick.twy does not name",
-         [&](SmallProject& p) { p.Rom.PutByte(map(Deep).WildPos + 7, 0x7F); },
+         [](SmallProject& p) { p.Rom.PutByte(p.Map(Deep).WildPos + 7, 0x7F); },
          {QStringLiteral("Maps.twy, row 4 \"Deep\", column 16 (wild position): The wild list at "
                          "position %1 of MorlickRed.gb holds species code 7F (slot 3), which no "
                          "record of Morlick.twy names: the wild editor would show no name and no "
                          "choice for it.")
-              .arg(map(Deep).WildPos)}},
+              .arg(sound.Map(Deep).WildPos)}},
         {"a category over one row of another's",
          [](SmallProject& p) { p.Categories[1].FirstMap = Oak; },
          {QStringLiteral("Maps.twy, row 1 \"Caves\", column 2 (first map row): Its maps take rows "
@@ -227,21 +225,11 @@ TEST_F(CheckFolder, EachPlantedFaultIsToldAtItsCellInItsOwnWords) {
                          "position for one type and as a count for the other, or one list for "
                          "both.")}},
         // Events.twy.
-        {"32 events, the most the editor holds",
-         [](SmallProject& p) { p.AddEventList(Oak, People, Records(p, People, 32)); },
-         {}},
         {"an event count above 32",
          [](SmallProject& p) { p.AddEventList(Oak, People, Records(p, People, 33)); },
          {QStringLiteral("Events.twy, row 1 \"Oak\", column 2 (number of \"People\" records): The "
                          "map has 33 \"People\" events, but the event editor holds 32: it would "
                          "show and save only the first 32.")}},
-        {"an event list on a map whose events are not editable",
-         [romSize](SmallProject& p) {
-             p.EventLists.push_back({Oak, {}});
-             p.EventLists.back().SetList(1, romSize + 10, 1);
-             p.Map(Oak).EventsOk = false;
-         },
-         {}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.fault);
@@ -289,9 +277,9 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOfBothVersionsOnce) {
     });
     const QString message =
         QStringLiteral("The map is 0 blocks high, but a map is 1 to 255 blocks high.");
-    const CommandResult text =
-        RunCommand({QStringLiteral("--game=both"), QStringLiteral("--verbose"), Folder, RomPath,
-                    QDir(Folder).filePath(QLatin1String(Fixture::RomFileBlue))});
+    const QString blueRom = QDir(Folder).filePath(QLatin1String(Fixture::RomFileBlue));
+    const CommandResult text = RunCommand(
+        {QStringLiteral("--game=both"), QStringLiteral("--verbose"), Folder, RomPath, blueRom});
     EXPECT_EQ(text.Status, 1);
     EXPECT_EQ(text.Out,
               QStringLiteral("[blue] TilesetsB.twy, row 1, column 5 (block position): The block "
@@ -303,4 +291,28 @@ TEST_F(CheckFolder, TheCommandTellsAFindingOfBothVersionsOnce) {
                   .arg(project.Rom.Size())
                   .arg(project.Rom.Size() + 63)
                   .arg(message, Folder));
+
+    // The same report for other programs: each finding with its cell and the
+    // versions it holds for.
+    const CommandResult json = RunCommand(
+        {QStringLiteral("--game=both"), QStringLiteral("--json"), Folder, RomPath, blueRom});
+    EXPECT_EQ(json.Status, 1);
+    const QJsonObject root = QJsonDocument::fromJson(json.Out.toUtf8()).object();
+    const QJsonArray both{QStringLiteral("red"), QStringLiteral("blue")};
+    EXPECT_EQ(root[QStringLiteral("versions")].toArray(), both);
+    EXPECT_EQ(root[QStringLiteral("status")].toInt(), 1);
+    EXPECT_EQ(root[QStringLiteral("unreadable")], QJsonValue(QJsonArray()));
+    const QJsonArray findings = root[QStringLiteral("findings")].toArray();
+    ASSERT_EQ(findings.size(), 2);
+    EXPECT_EQ(findings[0][QStringLiteral("versions")].toArray(),
+              QJsonArray{QStringLiteral("blue")});
+    EXPECT_EQ(findings[1].toObject(),
+              (QJsonObject{{QStringLiteral("file"), QStringLiteral("Maps.twy")},
+                           {QStringLiteral("row"), Oak},
+                           {QStringLiteral("name"), QStringLiteral("Oak")},
+                           {QStringLiteral("column"), 5},
+                           {QStringLiteral("columnName"), QStringLiteral("height")},
+                           {QStringLiteral("message"), message},
+                           {QStringLiteral("versions"), both}}))
+        << json.Out.toStdString();
 }
