@@ -63,12 +63,6 @@ bool CloseWindow(QWidget* window) {
     return closed;
 }
 
-QByteArray AppTest::ReadFile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return QByteArray();
-    return file.readAll();
-}
-
 void AppTest::PutRomByte(int position, quint8 value) {
     QFile file(Defines.RomPath);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));

@@ -8,6 +8,7 @@
 #include "core/scripteddialogs.h"
 #include "fixture/smallproject.h"
 #include "mapedit/mainform.h"
+#include "model/files.h"
 
 // A test that runs the program in a fresh program folder of its own, with
 // every dialog answered from a script.
@@ -31,7 +32,7 @@ protected:
     // presses "Go".
     void GoTo(MainForm* form, int category, int mapRow);
 
-    static QByteArray ReadFile(const QString& path);
+    static QByteArray ReadFile(const QString& path) { return TestFiles::Read(path); }
     // Writes one byte of the open ROM at a 1-based position, behind the
     // program's back.
     static void PutRomByte(int position, quint8 value);
