@@ -52,7 +52,6 @@ protected:
         Form->mnuBlockEdit->trigger();
         return ShownWindow<BlockEdit>(Form);
     }
-    bool Close(BlockEdit* editor) { return CloseWindow(editor); }
     // Saves, answering the backup question No.
     void Save(BlockEdit* editor) {
         Script.AnswerNo();
@@ -100,7 +99,7 @@ TEST_F(BlockEditTest, SaveRewritesExactlyTheTilesetsBlockArea) {
         EXPECT_EQ(after[changed - 1], 0);
         EXPECT_EQ(after[first - 1], read[first - 1]);
         EXPECT_EQ(after[last - 1], read[last - 1]);
-        EXPECT_TRUE(Close(editor));
+        EXPECT_TRUE(CloseWindow(editor));
         Program::Reset();
         Script.Clear();
     }
@@ -127,7 +126,7 @@ TEST_F(BlockEditTest, TheMainWindowShowsTheSavedBlockAndKeepsItsOwnPainting) {
     EXPECT_FALSE(editor->BlockChanged);
     PressCell(editor->Block, 3);
     Script.AnswerNo();
-    EXPECT_FALSE(Close(editor));
+    EXPECT_FALSE(CloseWindow(editor));
     EXPECT_EQ(Script.Count(DiscardQuestion), 1);
     editor->Scroll->setValue(2);
     EXPECT_EQ(editor->EditBlock, 2);
@@ -143,7 +142,7 @@ TEST_F(BlockEditTest, TheMainWindowShowsTheSavedBlockAndKeepsItsOwnPainting) {
     Save(editor);
     EXPECT_EQ(Differences(before, ReadFile(Defines.RomPath)),
               (std::vector<int>{Project.Tileset(Plain).BlockPos + 16 + 5}));
-    EXPECT_TRUE(Close(editor));
+    EXPECT_TRUE(CloseWindow(editor));
     ASSERT_TRUE(Form->isVisible());
     EXPECT_TRUE(Form->MapChanged);
     for (const int slot : {0, 1})  // squares (1, 1) and (2, 1)

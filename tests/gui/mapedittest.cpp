@@ -1,4 +1,3 @@
-#include <unistd.h>
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
@@ -101,13 +100,6 @@ protected:
                 if (Defines.MapGrid[y][x] != grid[y][x]) squares.push_back({x, y});
         return squares;
     }
-    // Saves, answering the backup question No; the positions that changed
-    // since `before`.
-    std::vector<int> Save(const QByteArray& before) {
-        Script.AnswerNo();
-        Form->mnuSave->trigger();
-        return Differences(before, ReadFile(Defines.RomPath));
-    }
     // Paints square (2, 1) with block 3, so that there is something to save.
     void Paint() {
         PressCell(Form->SideBlock, 16 * 3);
@@ -159,23 +151,15 @@ TEST_F(MapEditTest, PaletteSelectsAndPicksUpBlocks) {
     EXPECT_EQ(Form->Scroll->value(), 0);
     EXPECT_EQ(Form->SelBorder->TopTwips(), 1080);
     EXPECT_EQ(Form->CurBlock, 1);
-    // At the end of the bar the last slot shows the last block.
-    PressCell(Form->SideBlock, 16 * 5);
-    Form->Scroll->setValue(2);
-    EXPECT_EQ(Form->CurBlock, 7);
-    EXPECT_EQ(Form->SideBlock->Picture(16 * 5), BlockPicture(7, 0));
 }
 
-// The Map Tools in one story, by keys, buttons and drags over the view: steps
-// that change nothing make none; each other step is undone and redone whole;
+// The Map Tools in one story, by keys and drags over the view: a stroke
+// given up makes no step; each other step is undone and redone whole;
 // Select, Copy and Paste go through the clipboard's text; a save writes
 // exactly the squares the steps left and the border byte, with the bias put
-// back; "Go" empties the lists.
+// back.
 TEST_F(MapEditTest, ToolsMakeWholeStepsThatUndoRedoAndSaveExactly) {
     const QByteArray before = ReadFile(Defines.RomPath);
-    PressCell(Form->SideBlock, 16 * 1);  // block 1
-    Key(Qt::Key_F);
-    Click(1, 1);
     Key(Qt::Key_B);
     QTest::mousePress(Cells, Qt::LeftButton, Qt::NoModifier, At(7, 1));
     QTest::mouseMove(Cells, At(8, 3));
@@ -186,13 +170,6 @@ TEST_F(MapEditTest, ToolsMakeWholeStepsThatUndoRedoAndSaveExactly) {
     EXPECT_FALSE(Form->mnuUndo->isEnabled());
 
     PressCell(Form->SideBlock, 16 * 5);  // block 5
-    // A second press on the chosen tool's button keeps it chosen.
-    QTest::mouseClick(Form->ToolButtons[3], Qt::LeftButton);
-    QTest::mouseClick(Form->ToolButtons[3], Qt::LeftButton);
-    EXPECT_TRUE(Form->mnuTool[3]->isChecked());
-    Key(Qt::Key_B);
-    EXPECT_TRUE(Form->ToolButtons[1]->isChecked());
-    EXPECT_FALSE(Form->ToolButtons[3]->isChecked());
     // A stroke that turns a corner, then leaves the view below: it keeps to
     // the view's last row.
     Drag({At(1, 5), At(4, 5), At(4, 6), At(4, 6) + QPoint(0, 300)});
@@ -262,28 +239,21 @@ TEST_F(MapEditTest, ToolsMakeWholeStepsThatUndoRedoAndSaveExactly) {
     EXPECT_EQ(Form->View->MarkSquares(MapView::ToolMark), QRect(3, 2, 3, 2));
     Click(3, 2);
     EXPECT_EQ(Defines.MapGrid[3][5], 12);
-    // At the bottom right corner only the pattern's top left square falls
-    // on the map.
-    QTest::keyClick(Form->View->HScroll, Qt::Key_End);
-    QTest::keyClick(Form->View->VScroll, Qt::Key_End);
-    const MapGridT beforeCorner = Defines.MapGrid;
-    Click(12, 9);
-    EXPECT_EQ(Changed(beforeCorner), (std::vector<QPoint>{{12, 9}}));
     Key(Qt::Key_Escape);
-    // Outside the view the readout is empty.
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(Cells, &leave);
-    EXPECT_TRUE(Readout().isEmpty());
 
     // The border is no undo step; the Pencil paints even a square that
-    // holds its block: the bottom right one, the last byte of the grid.
+    // holds its block: the bottom right one, the last byte of the grid,
+    // reached with the bars at their ends.
     PressCell(Form->BorderBlock, 0);
     EXPECT_EQ(Form->BorderBlock->Picture(7), BlockPicture(6, 7));
+    QTest::keyClick(Form->View->HScroll, Qt::Key_End);
+    QTest::keyClick(Form->View->VScroll, Qt::Key_End);
     Key(Qt::Key_P);
     Click(12, 9);
     Click(12, 9);
-    EXPECT_EQ(Form->Undo.UndoCount(), 8);
-    const std::vector<int> saved = Save(before);
+    EXPECT_EQ(Form->Undo.UndoCount(), 7);
+    Script.AnswerNo();
+    Form->mnuSave->trigger();
     EXPECT_EQ(
         Script.Count(QStringLiteral("Make a backup of the ROM (%1.BAK)?").arg(Defines.RomPath)), 1);
     EXPECT_EQ(Script.Count(SavedMessage), 1);
@@ -296,27 +266,11 @@ TEST_F(MapEditTest, ToolsMakeWholeStepsThatUndoRedoAndSaveExactly) {
         EXPECT_EQ(after[positions.back() - 1], Defines.MapGrid[square.y()][square.x()] + 2);
     }
     std::sort(positions.begin(), positions.end());
-    EXPECT_EQ(saved, positions);
-    const int last = Field().GridPos + 12 * 9 - 1;
-    EXPECT_EQ(after[last - 1], 6 + 2);
-    // Undo after the save leaves the flag clear; the next save writes the
-    // result.
-    Key(Qt::CTRL | Qt::Key_Z);
-    Key(Qt::CTRL | Qt::Key_Z);
-    EXPECT_FALSE(Form->MapChanged);
-    EXPECT_EQ(Save(before), positions);
-    EXPECT_EQ(ReadFile(Defines.RomPath)[last - 1], 7 + 2);
-
-    GoTo(Form, 0, 1);
-    EXPECT_FALSE(Form->mnuUndo->isEnabled());
-    EXPECT_FALSE(Form->mnuRedo->isEnabled());
-    EXPECT_FALSE(Form->mnuCopy->isEnabled());
-    EXPECT_TRUE(Form->Selection().isEmpty());
+    EXPECT_EQ(Differences(before, after), positions);
 }
 
-// Save As copies the ROM and writes the map into the copy; onto a second
-// name of the open ROM it writes in place; a copy that cannot be made keeps
-// the file it would replace.
+// Save As copies the ROM and writes the map into the copy; over an existing
+// file it asks first.
 TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
     const QString first = Defines.RomPath;
     const QByteArray before = ReadFile(first);
@@ -340,17 +294,6 @@ TEST_F(MapEditTest, SaveAsCopiesThenWritesTheMapIntoTheNewFile) {
     Form->mnuSaveAs->trigger();
     EXPECT_EQ(Script.Count(QStringLiteral("This file already exists. Overwrite it?")), 1);
     EXPECT_EQ(ReadFile(other), before);
-
-    // A hard link is a second name of the open ROM.
-    const QString alias = PathOf(QStringLiteral("alias.gb"));
-    ASSERT_EQ(::link(QFile::encodeName(copy).constData(), QFile::encodeName(alias).constData()), 0);
-    PressCell(Form->SideBlock, 16 * 4);
-    Click(2, 1);
-    Script.ChooseFile(alias);
-    Script.AnswerYes();
-    Form->mnuSaveAs->trigger();
-    EXPECT_EQ(Defines.RomPath, copy);
-    EXPECT_EQ(static_cast<quint8>(ReadFile(copy)[Field().GridPos]), 4 + 2);
 }
 
 // The menu bar in order, separators as "-", with the captions, the shortcuts
@@ -425,6 +368,7 @@ TEST_F(MapEditTest, GoAsksBeforeItDiscardsAndSetsTheCommandsFromTheMapRow) {
         GoTo(Form, 0, c.row);
         EXPECT_EQ(Defines.CurMap, c.row);
         EXPECT_FALSE(Form->MapChanged);
+        EXPECT_FALSE(Form->mnuUndo->isEnabled());
         EXPECT_EQ(Form->CurMapName->text(), Defines.MapTable[c.row][MapName].ToText());
         EXPECT_EQ(Form->BorderBlock->isVisibleTo(Form), c.border);
         EXPECT_EQ(Form->mnuWarpEdit->isEnabled(), c.warps);

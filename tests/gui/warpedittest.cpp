@@ -13,7 +13,6 @@ constexpr int RomSize = 64 * 1024;
 enum { Town, Wide, Three, Eight, Many, Outside, AtEnd };
 
 const QString Saved = QStringLiteral("Your changes to the warps have been saved!");
-const QString Discard = QStringLiteral("Discard the changes you have made?");
 
 Fixture::SmallProject WarpProject() {
     Fixture::SmallProject project(RomSize);
@@ -100,7 +99,7 @@ TEST_F(WarpEditTest, TheWarpSaveRewritesExactlyItsListWithTheOffsetsTakenOff) {
     PressCell(w, 1, 2, 10);
     EXPECT_TRUE(w->WarpsChanged);
     Script.AnswerNo();
-    EXPECT_FALSE(Close(w));        // closing asks about the placement; No keeps the window
+    EXPECT_FALSE(CloseWindow(w));  // closing asks about the placement; No keeps the window
     EXPECT_EQ(w->Warps[1][0], 5);  // y = 2 * 3 - 2 + 1
     EXPECT_EQ(w->Warps[1][1], 3);  // x = 2 * 2 - 2 + 1
     w->ToPoint->setText(QStringLiteral(" 2.5 "));
@@ -193,15 +192,6 @@ TEST_F(WarpEditTest, SymbolsShowOnlyInsideTheViewAndFollowItsScrolls) {
     EXPECT_TRUE(sym[1]->isVisibleTo(w));
     EXPECT_EQ(sym[1]->LeftTwips(), 6840);  // x = 16
     EXPECT_FALSE(sym[3]->isVisibleTo(w));  // x = 1
-
-    // The selected entry is placed even when its symbol is out of view.
-    w->Placement->View->HScroll->setValue(10);
-    EXPECT_FALSE(sym[0]->isVisibleTo(w));
-    PressCell(w, 0, 0, 0);
-    EXPECT_EQ(w->Warps[0][1], 18);
-    EXPECT_EQ(w->Warps[0][0], 0);
-    EXPECT_TRUE(sym[0]->isVisibleTo(w));
-    EXPECT_EQ(sym[0]->LeftTwips(), 120);
 }
 
 // Of two symbols on one square the selected one is in front, also after a
@@ -270,7 +260,7 @@ TEST_F(WarpEditTest, TheViewAndItsGridlinesFitTheMapSize) {
         PressCell(w, 7, 5, 0);
         EXPECT_EQ(w->WarpsChanged, c.map != Three);
         w->WarpsChanged = false;
-        ASSERT_TRUE(Close(w));
+        ASSERT_TRUE(CloseWindow(w));
     }
 }
 
@@ -285,13 +275,13 @@ TEST_F(WarpEditTest, ListsTheEditorCannotReadWhollyAreToldOnOpening) {
     w->EditWarpTo->click();
     EXPECT_EQ(w->WarpCount, 16);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Information), 1);
-    ASSERT_TRUE(Close(w));
+    ASSERT_TRUE(CloseWindow(w));
 
     // A list that ends with the ROM opens; one a byte longer keeps the window shut.
     w = Open(AtEnd);
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->WarpCount, 3);
-    ASSERT_TRUE(Close(w));
+    ASSERT_TRUE(CloseWindow(w));
     Script.Clear();
     EXPECT_EQ(Open(Outside), nullptr);
     EXPECT_EQ(Script.Count(ScriptedDialogs::Kind::Warning), 1);

@@ -22,7 +22,6 @@ protected:
         (Form->*Menu)->trigger();
         return ShownWindow<Editor>(Form);
     }
-    bool Close(Editor* e) { return CloseWindow(e); }
     // Presses the cell of a view block (0 to 7, 0 to 5) at a place (0 to 15).
     static void PressCell(Editor* e, int bx, int by, int place) {
         ::PressCell(e->Placement->View->MapTile, 16 * (bx + 8 * by) + place);
