@@ -45,8 +45,8 @@
 // A round is made from one seed. A failure names the seed; to replay that
 // round alone, run the test with TARNWEY_SAVER_SEED set to it.
 //
-// Every fifth case of a saver meets, in place of its save, one of the file
-// faults a user's disk can throw at it between opening a window and pressing
+// About every fifth case of a saver meets, in place of its save, one of the
+// file faults a user's disk can throw at it between opening a window and pressing
 // its save button.
 
 namespace {
@@ -668,12 +668,12 @@ bool Refusal(const ScriptedDialogs::Record& record) {
            record.text.contains(QStringLiteral("cannot be saved"));
 }
 
-// By saver: how many cases ran, how many of them changed the ROM, and how
-// many met a file fault.
+// By saver: how many cases saved their edits, how many of them changed the
+// ROM, and how often each file fault was met.
 struct Count {
     int Cases = 0;
     int Changed = 0;
-    int FaultsMet = 0;
+    std::vector<int> FaultsMet = std::vector<int>(Faults().size());
 };
 using Tally = std::vector<Count>;
 
@@ -712,7 +712,8 @@ protected:
         for (size_t i = 0; i < Savers().size() && !replay; ++i) {
             EXPECT_GE(tally[i].Cases, CasesPerSaver) << Savers()[i].Name;
             EXPECT_GE(tally[i].Changed * 5, tally[i].Cases * 2) << Savers()[i].Name;
-            EXPECT_GE(tally[i].FaultsMet, static_cast<int>(Faults().size())) << Savers()[i].Name;
+            for (size_t f = 0; f < Faults().size(); ++f)
+                EXPECT_GT(tally[i].FaultsMet[f], 0) << Savers()[i].Name << ", " << Faults()[f].name;
         }
     }
 
@@ -762,24 +763,25 @@ protected:
                       Script.Texts().join(u'|');
         if (!failure.isEmpty()) return Finish(c.Window, QStringLiteral("with no edit, ") + failure);
 
-        // Every fifth case of a saver meets a file fault, with edits every
-        // byte can hold. Only an edit of what the window shows has bytes to
+        // About every fifth case meets a file fault, with edits every byte can
+        // hold; which fault goes with the map's row, so that the round's seed
+        // replays it. Only an edit of what the window shows has bytes to
         // write.
-        const int number = tally[index].Cases++;
-        dice.OnlyBytes = number % 5 == 4;
+        dice.OnlyBytes = dice.Chance(20);
         const QByteArray opened = c.Shows();
         c.Edit(dice, 20);
         if (dice.OnlyBytes) {
             for (int tries = 0; tries < 20 && c.Shows() == opened; ++tries)
                 c.Edit(dice, 1);
             if (c.Shows() == opened) return Finish(c.Window, QString());
-            const Fault& fault = Faults()[tally[index].FaultsMet % Faults().size()];
+            const size_t f = (static_cast<size_t>(map.Row) + index) % Faults().size();
             bool met = false;
-            failure = MeetFault(fault, c, before, met);
-            tally[index].FaultsMet += met;
+            failure = MeetFault(Faults()[f], c, before, met);
+            tally[index].FaultsMet[f] += met;
             GiveUpMap_ = !c.Window;
             return Finish(c.Window, failure);
         }
+        ++tally[index].Cases;
         const QByteArray shown = c.Shows();
         failure = Save(saver, c, before, saved);
         if (ReadFile(Defines.RomPath) != before) ++tally[index].Changed;
